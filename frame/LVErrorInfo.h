@@ -1,13 +1,9 @@
 // What is thrown through the body of an interface method.
 #pragma once
 
+#include "frame/FormatText.h"
 #include "platform/atl/ComPtr.h"
 #include "platform/com/Ole.h"
-
-#include <cstddef>
-
-/// Size of a message, terminator included.
-inline constexpr std::size_t kMessageUnits = 1024;
 
 /// A raised error: the message that the caller will read and the code that the method returns.
 struct LVErrorInfo {

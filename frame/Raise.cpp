@@ -3,8 +3,6 @@
 #include "frame/LanguageStrings.h"
 #include "platform/com/SystemText.h"
 
-#include <algorithm>
-#include <new>
 #include <string_view>
 
 namespace {
@@ -30,49 +28,34 @@ Text LanguageStringOr(UINT id, const OLECHAR* fallback)
     return LoadLanguageString(id, text) ? text : Text(fallback);
 }
 
-void Store(OLECHAR (&target)[kMessageUnits], const Text& text)
-{
-    const auto end = std::copy_n(text.begin(), std::min(text.size(), kMessageUnits - 1), target);
-    *end = 0;
-}
-
-Text LocationOf(CallSite at)
+void StoreLocation(LVErrorInfo& error, CallSite at)
 {
     Text format;
     if (LoadLanguageString(kLocationString, format))
-        return BoundLocation(FormatText(format, FileNameOf(at.file), at.line));
-    return BoundLocation(FormatText(LanguageStringOr(kMissingStringString, kMissingStringFallback), kLocationString));
+        FormatLocationText(error.m_szLocation, format, FileNameOf(at.file), at.line);
+    else
+        FormatLocationText(error.m_szLocation, LanguageStringOr(kMissingStringString, kMissingStringFallback),
+                           kLocationString);
 }
 
 } // namespace
 
-void ThrowUsage(CallSite at, const Text& message)
+void ThrowUsage(CallSite at, LVErrorInfo& error)
 {
-    LVErrorInfo error;
-    Store(error.m_szMessage, BoundMessage(message));
     if (at.file) {
-        Store(error.m_szLocation, LocationOf(at));
+        StoreLocation(error, at);
         error.m_bHasLocation = true;
     }
     error.m_hr = kUsageErrorBase | static_cast<HRESULT>(at.line);
     throw error;
 }
 
-Text ResourceErrorFormat(UINT id, bool& found)
+bool LoadErrorFormat(UINT id, Text& format)
 {
-    Text format;
-    found = LoadLanguageString(id, format);
-    if (found)
-        return format.substr(0, kMessageUnits - 1);
-    return FormatText(LanguageStringOr(kMissingStringString, kMissingResourceFallback), id);
-}
-
-void ThrowResourceText(UINT id, const Text& message)
-{
-    LVErrorInfo error;
-    Store(error.m_szMessage, BoundMessage(message));
-    error.m_hr = kUsageErrorBase | static_cast<HRESULT>(id);
-    throw error;
+    if (LoadLanguageString(id, format))
+        return true;
+    format = LanguageStringOr(kMissingStringString, kMissingResourceFallback);
+    return false;
 }
 
 void ThrowInternal(CallSite at, const char* source)
@@ -82,7 +65,7 @@ void ThrowInternal(CallSite at, const char* source)
     const Text format = LanguageStringOr(kInternalErrorString, kInternalErrorFallback);
 
     LVErrorInfo error;
-    Store(error.m_szMessage, BoundMessage(FormatText(format, FileNameOf(source ? source : at.file), at.line, lastText)));
+    FormatMessageText(error.m_szMessage, format, FileNameOf(source ? source : at.file), at.line, lastText);
     error.m_hr = kInternalError;
     throw error;
 }

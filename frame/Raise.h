@@ -22,28 +22,32 @@ inline constexpr const OLECHAR* kNegativeText =
     OLESTR("A negative parameter has been passed. Please use positive or zero values.");
 inline constexpr const OLECHAR* kInvalidIdText = OLESTR("Invalid property ID passed. Property IDs must be > 0");
 
-/// Raises a usage error with a message already formatted; the code is 0x80040000 | line.
-[[noreturn]] void ThrowUsage(CallSite at, const Text& message);
-/// Raises an error with the text of a string resource already formatted; the code is 0x80040000 | id.
-[[noreturn]] void ThrowResourceText(UINT id, const Text& message);
-/// Text of a string resource for an error, or the sentence that says it is missing.
-/// @param found  false when the text is that sentence, which is already complete.
-Text ResourceErrorFormat(UINT id, bool& found);
+/// Completes a usage error whose message is set, with the place and the code 0x80040000 | line, and throws it.
+[[noreturn]] void ThrowUsage(CallSite at, LVErrorInfo& error);
+/// Text of a string resource for an error message; false, with the sentence that it is missing, when it is.
+bool LoadErrorFormat(UINT id, Text& format);
 
 /// Raises a usage error. Messages longer than 1023 units end in three dots and a line end.
 template <class... Args>
 [[noreturn]] void ThrowFormatted(CallSite at, TextView format, const Args&... args)
 {
-    ThrowUsage(at, FormatText(format, args...));
+    LVErrorInfo error;
+    FormatMessageText(error.m_szMessage, format, args...);
+    ThrowUsage(at, error);
 }
 
-/// Raises an error whose text is a string resource of the language library.
+/// Raises an error whose text is a string resource of the language library; the code is 0x80040000 | id.
 template <class... Args>
 [[noreturn]] void ThrowResource(UINT id, const Args&... args)
 {
-    bool found = false;
-    const Text format = ResourceErrorFormat(id, found);
-    ThrowResourceText(id, found ? FormatText(format, args...) : format);
+    LVErrorInfo error;
+    Text format;
+    if (LoadErrorFormat(id, format))
+        FormatMessageText(error.m_szMessage, format, args...);
+    else
+        FormatMessageText(error.m_szMessage, format, id);
+    error.m_hr = kUsageErrorBase | static_cast<HRESULT>(id);
+    throw error;
 }
 
 /// Raises an internal error: the text names the file, the line and the system's text of the last error.

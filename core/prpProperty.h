@@ -1,0 +1,212 @@
+// One node of a collection's tree: the value of whichever type it has, its flags, names, children, enumeration
+// items, rules and scan path. It keeps no state of transactions or listeners of its own: each check and each event
+// goes through the owning collection. The bodies are told by subject in the prpProperty*.cpp files.
+#pragma once
+
+#include "LV_prpPropCollection.h"
+#include "core/IdIndex.h"
+#include "core/PropertyExtras.h"
+#include "core/SiblingList.h"
+#include "core/ValueText.h"
+#include "frame/MethodFrame.h"
+#include "platform/atl/ComObject.h"
+
+#include <memory>
+
+class CprpPropertyCollection;
+
+class CprpProperty : public CComObjectRootEx<CComSingleThreadModel>,
+                     public CComCoClass<&CLSID_prpProperty>,
+                     public ISupportErrorInfoImpl<IqorProperty>,
+                     public IqorProperty,
+                     public SiblingLinks<CprpProperty>,
+                     public IdIndexEntry {
+public:
+    using Interfaces = InterfaceList<IqorProperty, ISupportErrorInfo>;
+
+    CprpProperty() = default;
+
+    /// Counts on the owning collection as well; the figure is there for a debugger.
+    ULONG InternalAddRef();
+    ULONG InternalRelease();
+    /// Releases the children, leaves the id map and forgets everything.
+    void FinalRelease();
+
+    // IqorProperty
+    STDMETHODIMP GetNextChildProperty(LONG PropID, LONG* NextPropID, EprpPropError* PropError, IqorProperty** NextChildProperty) override;
+    STDMETHODIMP GetProperty(LONG PropID, EprpPropError* PropError, IqorProperty** Property) override;
+    STDMETHODIMP GetPropertyID(LONG* PropertyID) override;
+    STDMETHODIMP GetCount(LONG* Count) override;
+    STDMETHODIMP GetParentProperty(LONG* ParentPropID) override;
+    STDMETHODIMP SetParentProperty(LONG ParentPropID) override;
+    STDMETHODIMP GetPropertyName(EprpPropertyNameStyle PropertyNameStyle, BSTR* PropertyName) override;
+    STDMETHODIMP SetPropertyName(BSTR PropNameString) override;
+    STDMETHODIMP GetPropertyNameResID(LONG* NameResID) override;
+    STDMETHODIMP SetPropertyNameResID(LONG NameResID) override;
+    STDMETHODIMP GetDataType(EprpPropDataType* DataType) override;
+    STDMETHODIMP SetDataType(EprpPropDataType DataType) override;
+    STDMETHODIMP GetPropertyLong(EprpPropError* PropError, LONG* LongData) override;
+    STDMETHODIMP SetPropertyLong(LONG LongData, EprpPropError* PropError) override;
+    STDMETHODIMP GetPropertyDouble(EprpPropError* PropError, double* DoubleData) override;
+    STDMETHODIMP SetPropertyDouble(double DoubleData, EprpPropError* PropError) override;
+    STDMETHODIMP GetPropertyString(BSTR* PropertyString) override;
+    STDMETHODIMP SetPropertyString(BSTR NewPropertyString) override;
+    STDMETHODIMP GetPropertyTolerance(SprpTolerance* Tolerance) override;
+    STDMETHODIMP SetPropertyTolerance(SprpTolerance* Tolerance) override;
+    STDMETHODIMP SetFont(IFontDisp* Font) override;
+    STDMETHODIMP IsValid(VARIANT_BOOL* Valid) override;
+    STDMETHODIMP SetValid(VARIANT_BOOL Valid) override;
+    STDMETHODIMP IsInWarning(VARIANT_BOOL* InWarning) override;
+    STDMETHODIMP SetWarning(VARIANT_BOOL InWarning) override;
+    STDMETHODIMP IsVisible(VARIANT_BOOL* Visible) override;
+    STDMETHODIMP SetVisible(VARIANT_BOOL Visible) override;
+    STDMETHODIMP IsVisibleForPostProc(VARIANT_BOOL* Visible) override;
+    STDMETHODIMP SetVisibleForPostProc(VARIANT_BOOL Visible) override;
+    STDMETHODIMP IsReadOnly(VARIANT_BOOL* ReadOnly) override;
+    STDMETHODIMP SetReadOnly(VARIANT_BOOL ReadOnly) override;
+    STDMETHODIMP GetLinkedProperty(LONG* LinkedPropertyID) override;
+    STDMETHODIMP SetLinkedProperty(LONG LinkedPropertyID) override;
+    STDMETHODIMP GetDisplayDetails(VARIANT_BOOL* Valid, VARIANT_BOOL* Visible, VARIANT_BOOL* ReadOnly) override;
+    STDMETHODIMP SetDisplayDetails(VARIANT_BOOL Valid, VARIANT_BOOL Visible, VARIANT_BOOL ReadOnly) override;
+    STDMETHODIMP SetAlwaysSave(VARIANT_BOOL AlwaysSave) override;
+    STDMETHODIMP GetAlwaysSave(VARIANT_BOOL* AlwaysSave) override;
+    STDMETHODIMP GetErrorString(BSTR* ErrorString) override;
+    STDMETHODIMP SetErrorString(BSTR ErrorString) override;
+    STDMETHODIMP GetWarningString(BSTR* WarningString) override;
+    STDMETHODIMP SetWarningString(BSTR WarningString) override;
+    STDMETHODIMP GetEditFlags(LONG* EditFlags) override;
+    STDMETHODIMP SetEditFlags(LONG EditFlags) override;
+    STDMETHODIMP GetNoUnitConvert(VARIANT_BOOL* NoUnitConvert) override;
+    STDMETHODIMP SetNoUnitConvert(VARIANT_BOOL NoUnitConvert) override;
+    STDMETHODIMP GetHResModule(LONG_PTR* hModule) override;
+    STDMETHODIMP SetHResModule(LONG_PTR hModule) override;
+    STDMETHODIMP GetEnumByIndex(LONG* Index, LONG* Value, BSTR* EnumItemString, VARIANT_BOOL IterateInvisibleProperties) override;
+    STDMETHODIMP AddEnumItem(LONG Index, SprpEnumItem* EnumItem) override;
+    STDMETHODIMP GetEnumInfo(SprpEnumItem* EnumItem, BSTR* ValueAsString, VARIANT_BOOL* Success) override;
+    STDMETHODIMP ShowEnumItem(LONG Index, VARIANT_BOOL Show) override;
+    STDMETHODIMP AddEnumItemString(LONG Index, BSTR EnumString) override;
+    STDMETHODIMP SetPropertyBounds(SprpBoundsInfo* BoundsInfo) override;
+    STDMETHODIMP GetPropertyBounds(SprpBoundsInfo* BoundsInfo) override;
+    STDMETHODIMP GetPropertyPosition(SprpPosition* Position) override;
+    STDMETHODIMP SetPropertyPosition(SprpPosition Position, VARIANT_BOOL bForce) override;
+    STDMETHODIMP SetInvalidCharacters(BSTR InvalidCharacters) override;
+    STDMETHODIMP GetInvalidCharacters(BSTR* InvalidCharacters) override;
+    STDMETHODIMP SetVisibilityInfo(IprpVisibilityInfo* VisibilityInfo) override;
+    STDMETHODIMP GetVisibilityInfo(IprpVisibilityInfo** VisibilityInfo) override;
+    STDMETHODIMP SetPostProcVisibilityInfo(IprpVisibilityInfo* VisibilityInfo) override;
+    STDMETHODIMP ClearVisibilityInfo() override;
+    STDMETHODIMP IsMacroReportProperty(VARIANT_BOOL* MacroReportProperty) override;
+    STDMETHODIMP GetScanPathListCount(LONG* Count) override;
+    STDMETHODIMP SetScanPathPointAt(LONG Index, SprgScanPathPoint NewScanPathPoint, VARIANT_BOOL vbSupressEditEvents, VARIANT_BOOL* pvbDataChanged) override;
+    STDMETHODIMP GetScanPathPointAt(LONG Index, SprgScanPathPoint* Position) override;
+    STDMETHODIMP GetScanPathString(BSTR* PropertyString) override;
+    STDMETHODIMP InitialiseScanPathFromString(BSTR PropertyString) override;
+    STDMETHODIMP RemoveAllPathPoints() override;
+
+    // What the collection and the rules use; no interface slots.
+
+    LONG Id() const noexcept { return m_nPropID; }
+    /// Id of the parent as it is reported: E_PROP_ID_TOP_LEVEL, a living parent's, or that of a parent that is gone.
+    LONG ParentId() const noexcept { return m_nParentID; }
+    EprpPropDataType DataType() const noexcept { return static_cast<EprpPropDataType>(m_eDataType); }
+    bool Visible() const noexcept { return m_bVisible; }
+    bool ReadOnly() const noexcept { return m_bReadOnly; }
+    bool AlwaysSave() const noexcept { return m_bAlwaysSave; }
+    LONG EditFlags() const noexcept { return m_nEditFlags; }
+    LONG LinkedId() const noexcept { return Extras().linkedPropID; }
+    LONG_PTR ResModule() const noexcept { return Extras().hResModule; }
+    LONG LongValue() const noexcept { return m_nLong; }
+    IprpVisibilityInfo* VisibilityInfo() const noexcept { return Extras().visibilityInfo; }
+    IprpVisibilityInfo* PostProcVisibilityInfo() const noexcept { return Extras().postProcVisibilityInfo; }
+
+    SiblingList<CprpProperty>& Children() noexcept { return m_ChildList; }
+    const SiblingList<CprpProperty>& Children() const noexcept { return m_ChildList; }
+    /// The property behind this one in a depth-first walk that does not descend: a sibling, else the parent's.
+    /// Raises an internal error when the property is not on the list it should be on.
+    CprpProperty* GetNextSiblingOrUp() const;
+
+    /// Gives a new object its id and its reported parent. Lists, index and references are the caller's.
+    void Enter(CprpPropertyCollection& collection, LONG id, LONG parentId) noexcept;
+    /// The collection is going: from now on every need of it is an error.
+    void Detach() noexcept { m_pCollection = nullptr; }
+
+    /// Copies what a clone takes over, then the children, which are made in the target collection.
+    void CopyFrom(const CprpProperty& source, CprpPropertyCollection& target);
+    /// Multiplies the lengths of this property and its children by the factor of the target mode.
+    void ConvertPropertyUnit(EprpUnitMode mode);
+    /// Appends the value text and remembers it as the last rendering.
+    void AppendValue(Text& out, LONG precision);
+    /// The value text at the collection's precision, remembered as the last rendering; rendered only when read.
+    const ValueText& RenderValue();
+    const ValueText& RenderValue(LONG precision);
+    /// Appends the scan path text. The caller has tested the transaction.
+    void AppendScanPath(Text& out) const;
+
+    // Bodies of setters without a frame, for callers that stand inside a frame of their own.
+    void StoreString(TextView text);
+    void StoreLong(LONG value);
+    void StoreVisible(bool visible);
+    void StoreReadOnly(bool readOnly);
+    void StoreEditFlags(LONG flags);
+    void StoreScanPathText(TextView text);
+    /// Name for a comparison; loads and parses a name that waits in a resource.
+    const Text& FullName();
+
+private:
+    static const Origin kOrigin;
+
+    const PropertyExtras& Extras() const noexcept { return m_pExtras ? *m_pExtras : PropertyExtras::None(); }
+    PropertyExtras& MakeExtras();
+    bool InTransaction() const noexcept;
+    /// The owning collection; raises an internal error when it is gone.
+    CprpPropertyCollection& Owner(CallSite at = CallSite::current()) const;
+    struct UnitRule {
+        double threshold; ///< two numbers closer than this are the same
+        bool imperial;
+    };
+    /// Threshold of the collection's unit mode; an internal error for a mode that is neither metric nor imperial.
+    UnitRule UnitRuleOfMode(CallSite at = CallSite::current()) const;
+
+    void QueueStateEdit(bool visibilityChanged = false);
+    void QueueValueEdit(const ValueText& oldText);
+    template <class Flag>
+    void ChangeFlag(Flag read, bool value, bool visibilityChanged = false);
+
+    void SetErrorText(TextView text);
+    /// Reads a text into the field of the data type. False when it holds no value of that type.
+    bool ParseValue(TextView text);
+    bool ParsePosition(TextView text);
+
+    // Names
+    bool LoadResourceString(Text& target, LONG id) const;
+    bool LoadParsedResourceString(Text& text, LONG id);
+    void ParseName();
+    void EnsureName();
+    Text EnumItemText(const SprpEnumItem& item);
+
+    /// Changes the scan path like the interface does, without an event. @return whether anything changed.
+    bool PutScanPathPoint(LONG index, const SprpPosition& point);
+    static bool ReadScanPathLine(TextView line, SprpPosition& point);
+
+    LONG m_nPropID = 0;
+    LONG m_nParentID = E_PROP_ID_TOP_LEVEL;
+    LONG m_eDataType = E_PROP_DT_NONE; ///< any value from 0 up is stored
+    LONG m_nEditFlags = 0;
+    LONG m_nLong = 0;
+
+    bool m_bVisible : 1 = true;
+    bool m_bVisibleForPostProc : 1 = true;
+    bool m_bReadOnly : 1 = false;
+    bool m_bValid : 1 = true;
+    bool m_bWarning : 1 = false;
+    bool m_bAlwaysSave : 1 = true;
+    bool m_bNoUnitConvert : 1 = false;
+    bool m_bMacroReportProperty : 1 = false;
+
+    double m_dbDouble = 0;
+    ValueText m_Value; ///< the value of text types; the last rendering of the others
+    std::unique_ptr<PropertyExtras> m_pExtras; ///< made on first need
+
+    CprpPropertyCollection* m_pCollection = nullptr; ///< not counted; null when detached
+    SiblingList<CprpProperty> m_ChildList;           ///< one reference each
+};
