@@ -105,7 +105,6 @@ public:
 
     // What the collection and the rules use; no interface slots.
 
-    LONG Id() const noexcept { return m_nPropID; }
     /// Id of the parent as it is reported: E_PROP_ID_TOP_LEVEL, a living parent's, or that of a parent that is gone.
     LONG ParentId() const noexcept { return m_nParentID; }
     EprpPropDataType DataType() const noexcept { return static_cast<EprpPropDataType>(m_eDataType); }
@@ -188,7 +187,6 @@ private:
     bool PutScanPathPoint(LONG index, const SprpPosition& point);
     static bool ReadScanPathLine(TextView line, SprpPosition& point);
 
-    LONG m_nPropID = 0;
     LONG m_nParentID = E_PROP_ID_TOP_LEVEL;
     LONG m_eDataType = E_PROP_DT_NONE; ///< any value from 0 up is stored
     LONG m_nEditFlags = 0;
