@@ -1,0 +1,129 @@
+// The list of siblings: order, ends, membership, and a long random life against std::list.
+#include "core/SiblingList.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <list>
+#include <memory>
+#include <random>
+#include <vector>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+struct Sibling : SiblingLinks<Sibling> {
+    explicit Sibling(int n) : number(n) {}
+    int number;
+};
+
+using List = SiblingList<Sibling>;
+
+std::vector<int> NumbersOf(const List& list)
+{
+    std::vector<int> numbers;
+    for (const Sibling& node : list)
+        numbers.push_back(node.number);
+    return numbers;
+}
+
+struct Siblings : testing::Test {
+    ~Siblings() override
+    {
+        while (list.TakeFirst())
+            ;
+    }
+    List list;
+    Sibling a{1}, b{2}, c{3};
+};
+} // namespace
+
+TEST_F(Siblings, StandInTheOrderInWhichTheyCame)
+{
+    list.Append(b);
+    list.Append(a);
+    list.Append(c);
+    EXPECT_THAT(NumbersOf(list), ElementsAre(2, 1, 3));
+    EXPECT_EQ(list.First(), &b);
+    EXPECT_EQ(list.Last(), &c);
+    EXPECT_EQ(list.Count(), 3u);
+    EXPECT_EQ(b.NextSibling(), &a);
+    EXPECT_EQ(c.NextSibling(), nullptr);
+    EXPECT_EQ(a.PreviousSibling(), &b);
+    EXPECT_TRUE(list.IsConsistent());
+}
+
+TEST_F(Siblings, LeaveFromTheFrontTheMiddleAndTheEnd)
+{
+    for (Sibling* node : {&a, &b, &c})
+        list.Append(*node);
+    list.Unlink(b);
+    EXPECT_THAT(NumbersOf(list), ElementsAre(1, 3));
+    EXPECT_TRUE(list.IsConsistent());
+    list.Unlink(a);
+    EXPECT_EQ(list.First(), &c);
+    list.Unlink(c);
+    EXPECT_TRUE(list.IsEmpty());
+    EXPECT_EQ(list.Last(), nullptr);
+    EXPECT_TRUE(list.IsConsistent());
+}
+
+TEST_F(Siblings, KnowTheListTheyAreOnAndNoOther)
+{
+    List other;
+    list.Append(a);
+    other.Append(b);
+    EXPECT_TRUE(list.Contains(a));
+    EXPECT_FALSE(other.Contains(a));
+    EXPECT_FALSE(list.Contains(b));
+    EXPECT_FALSE(list.Contains(c));
+    EXPECT_FALSE(c.IsOnAList());
+    other.Unlink(b);
+    EXPECT_FALSE(b.IsOnAList());
+}
+
+TEST_F(Siblings, MayComeBackToTheEnd)
+{
+    list.Append(a);
+    list.Append(b);
+    list.Unlink(a);
+    list.Append(a);
+    EXPECT_THAT(NumbersOf(list), ElementsAre(2, 1));
+}
+
+TEST_F(Siblings, AreTakenFromTheFrontUntilNoneIsLeft)
+{
+    list.Append(a);
+    list.Append(b);
+    EXPECT_EQ(list.TakeFirst(), &a);
+    EXPECT_EQ(list.TakeFirst(), &b);
+    EXPECT_EQ(list.TakeFirst(), nullptr);
+    EXPECT_THAT(NumbersOf(list), IsEmpty());
+}
+
+TEST(SiblingList, AgreesWithAPlainListOverALongRandomLife)
+{
+    std::mt19937 random(11);
+    List list;
+    std::list<int> plain;
+    std::vector<std::unique_ptr<Sibling>> nodes;
+    for (int i = 0; i < 64; ++i)
+        nodes.push_back(std::make_unique<Sibling>(i));
+    for (int step = 0; step < 20000; ++step) {
+        Sibling& node = *nodes[random() % nodes.size()];
+        if (list.Contains(node)) {
+            list.Unlink(node);
+            plain.remove(node.number);
+        } else {
+            list.Append(node);
+            plain.push_back(node.number);
+        }
+        if (step % 97 == 0) {
+            ASSERT_TRUE(list.IsConsistent());
+            ASSERT_THAT(NumbersOf(list), testing::ElementsAreArray(plain));
+        }
+    }
+    while (list.TakeFirst())
+        ;
+}
