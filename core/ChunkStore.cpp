@@ -82,7 +82,7 @@ private:
     bool m_closed = false;
 };
 
-constinit Store g_store;
+Store g_store;
 } // namespace
 
 void* ChunkStore::Take(std::size_t bytes)
