@@ -131,8 +131,8 @@ public:
         return S_OK;
     }
 
-    /// The class object as a module's class table asks for it.
-    static HRESULT Get(REFIID iid, void** out)
+    /// The class object as the class table asks for it.
+    static HRESULT STDAPICALLTYPE Get(REFCLSID, REFIID iid, void** out)
     {
         if (!out)
             return E_POINTER;

@@ -47,6 +47,6 @@ HRESULT QueryList(T* self, InterfaceList<First, Rest...>, REFIID iid, void** out
                ...);
     if (!*out)
         return E_NOINTERFACE;
-    self->AddRef();
+    static_cast<IUnknown*>(*out)->AddRef(); // a class with several interfaces has several AddRef
     return S_OK;
 }
