@@ -15,6 +15,8 @@ else()
   find_package(Threads REQUIRED)
   target_link_libraries(lv_sdk INTERFACE Threads::Threads)
   target_include_directories(lv_sdk SYSTEM INTERFACE /usr/include/wine/wine/windows)
+  # Identifiers are arguments of class templates; hidden ones would make each such class hidden too.
+  target_compile_definitions(lv_sdk INTERFACE DECLSPEC_HIDDEN=)
   # Interface methods natively have the native calling convention; it must be the same in every translation unit.
   target_compile_options(lv_sdk INTERFACE
     $<$<COMPILE_LANGUAGE:CXX>:SHELL:-include ${CMAKE_SOURCE_DIR}/platform/com/native/CallingConvention.h>)

@@ -132,7 +132,7 @@ public:
     }
 
     /// The class object as the class table asks for it.
-    static HRESULT STDAPICALLTYPE Get(REFCLSID, REFIID iid, void** out)
+    static HRESULT Get(REFIID iid, void** out)
     {
         if (!out)
             return E_POINTER;
