@@ -23,9 +23,11 @@ public:
     {
         if (m_places.empty())
             return nullptr;
+        // Id 0 lies in a page, so an empty place never passes for a hit.
         for (std::size_t i = HomeOf(id);; i = After(i)) {
-            if (!m_places[i].node || m_places[i].id == id)
-                return m_places[i].node;
+            const Place& place = m_places[i];
+            if (place.id == id || !place.node)
+                return place.node;
         }
     }
 
@@ -68,7 +70,7 @@ private:
     // The upper bits of a product depend on all bits of the id, so runs and multiples spread alike.
     std::size_t HomeOf(LONG id) const noexcept
     {
-        return static_cast<std::size_t>((static_cast<uint32_t>(id) * uint64_t{0xD6E8FEB86659FD93}) >> m_shift);
+        return static_cast<std::size_t>((static_cast<uint32_t>(id) * uint64_t{0x9E3779B97F4A7C15}) >> m_shift);
     }
     std::size_t After(std::size_t i) const noexcept { return (i + 1) & (m_places.size() - 1); }
     std::size_t StepsFrom(std::size_t from, std::size_t to) const noexcept
