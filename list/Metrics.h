@@ -27,11 +27,11 @@ struct ListMetrics {
     int textTop = 1;
     int textRight = 1;
     int textBottom = 1;
-    int namePadding = 8;          ///< added to the width of a name
-    int dataPadding = 4;          ///< added to the width of a data text
-    double rowHeightFactor = 1.4; ///< row height over text height, truncated
-    int shortNameMinimum = 4;     ///< names are not cut further before the dots replace their tail
-    int shortNameDots = 3;        ///< characters that give way to the dots
+    int namePadding = 8;       ///< added to the width of a name
+    int dataPadding = 4;       ///< added to the width of a data text
+    int rowHeightPercent = 40; ///< of the text height, added to it, truncated
+    int shortNameMinimum = 4;  ///< names are not cut further before the dots replace their tail
+    int shortNameDots = 3;     ///< characters that give way to the dots
 
     // Editors
     int editLeft = 1; ///< from the data cell's left edge to an editor

@@ -142,7 +142,7 @@ constexpr Rect DropListPlace(const Rect& data, bool button, const ListMetrics& m
 /// Height of a row for a text height.
 constexpr int RowHeightFor(int textHeight, const ListMetrics& m = kListMetrics)
 {
-    return static_cast<int>(textHeight * m.rowHeightFactor);
+    return textHeight + textHeight * m.rowHeightPercent / 100;
 }
 
 static_assert(SplitRow({0, 0, 300, 18}, {.level = 3}).name == Rect{15, 0, 100, 18});

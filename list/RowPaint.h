@@ -16,7 +16,7 @@ struct Connectors {
     COLORREF colour = 0;
     bool firstRow = false;
     bool lastVisibleChild = false;
-    std::vector<bool> laterSiblings; ///< for each ancestor, nearest first: it has a later sibling
+    std::vector<bool> laterSiblings = {}; ///< for each ancestor, nearest first: it has a later sibling
 };
 
 /// What the indent column of an item shows.

@@ -7,10 +7,10 @@
 
 /// The four tip texts of a row. Help texts of property rows arrive in `error`, which they share.
 struct TipTexts {
-    TextView error;
-    TextView warning;
-    TextView help;
-    TextView fallback;
+    TextView error = {};
+    TextView warning = {};
+    TextView help = {};
+    TextView fallback = {};
 };
 
 /// @param warningPrefix  stands before a warning in a property list
