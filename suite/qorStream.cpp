@@ -22,8 +22,6 @@ constexpr const OLECHAR* kAppendFailedText = OLESTR("The stream to append can't 
 /// Content that a file stream gathers before it writes to the file.
 constexpr std::size_t kWriteBehindBytes = 65536;
 
-TextView ViewOf(BSTR text) { return {text ? text : OLESTR(""), SysStringLen(text)}; }
-
 ByteView BytesOf(const void* data, LONG count)
 {
     return {static_cast<const unsigned char*>(data), static_cast<std::size_t>(count)};
@@ -283,6 +281,7 @@ STDMETHODIMP CqorStream::Append(IqorStream* pIStream)
                 ThrowFormatted(CallSite::current(), kAppendFailedText);
             }
         }
+        items = std::max<LONG>(items, size > 0 ? 1 : 0);
         ChangeContent([&] { m_content.Append(bytes.View(), static_cast<std::uint32_t>(items)); });
     });
 }

@@ -11,6 +11,7 @@
 #include "LV_prpPropCollection.h"
 #include "LV_suiteStream.h"
 #include "frame/CallSite.h"
+#include "idl/SuiteClasses.h"
 #include "platform/atl/ComObject.h"
 #include "suite/StreamFile.h"
 #include "suite/StreamStorage.h"

@@ -81,3 +81,9 @@ public:
     /// Whole content by its length prefix; a null BSTR is an empty text.
     TextView View() const noexcept { return {m_str ? m_str : OLESTR(""), SysStringLen(m_str)}; }
 };
+
+/// Whole content of a BSTR by its length prefix; a null one is an empty text.
+inline TextView ViewOf(BSTR text) noexcept
+{
+    return {text ? text : OLESTR(""), SysStringLen(text)};
+}

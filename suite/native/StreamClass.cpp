@@ -2,12 +2,6 @@
 #include "platform/com/ClassTable.h"
 #include "suite/qorStream.h"
 
-namespace {
-
-HRESULT STDAPICALLTYPE GetStreamClass(REFCLSID, REFIID iid, void** out) { return ClassFactory<CqorStream>::Get(iid, out); }
-
-} // namespace
-
 // Known to the linker by its name: nothing in the program refers to this file.
 extern "C" const RegisteredClass lv_streamClass;
-const RegisteredClass lv_streamClass(CLSID_qorStream, nullptr, GetStreamClass);
+const RegisteredClass lv_streamClass(CLSID_qorStream, nullptr, &ClassFactory<CqorStream>::Get);

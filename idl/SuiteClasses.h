@@ -1,0 +1,10 @@
+// Class ids of the suite's other modules that this server creates by COM.
+#pragma once
+
+#include "platform/com/Ole.h"
+
+/// The stream component.
+inline constexpr CLSID CLSID_qorStream = {0xAE827C8C, 0xC1EB, 0x49B9, {0xB8, 0x9C, 0x35, 0xA0, 0x7B, 0xB6, 0xAB, 0xF4}};
+/// The settings component and its interface.
+inline constexpr CLSID CLSID_qorSettings = {
+    0x76321159, 0x9E2D, 0x11D6, {0xAB, 0xDA, 0x00, 0x50, 0xDA, 0x34, 0xE9, 0xBD}};
