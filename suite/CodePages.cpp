@@ -11,8 +11,9 @@ constexpr char32_t kReplacement = 0xFFFD;
 /// Characters of the bytes 80 to 9F; all other bytes are their own character. The five bytes without a character stand
 /// for the control of the same number, so that every byte survives a round trip.
 constexpr OLECHAR kWindows1252[] = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
-    0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
 };
 
 unsigned char Windows1252Byte(OLECHAR unit)
@@ -37,8 +38,14 @@ void DecodeWindows1252(ByteView bytes, Text& text)
 
 // ---- UTF-8 ----
 
-constexpr bool IsHighSurrogate(char32_t unit) { return (unit & 0xFFFFFC00) == 0xD800; }
-constexpr bool IsLowSurrogate(char32_t unit) { return (unit & 0xFFFFFC00) == 0xDC00; }
+constexpr bool IsHighSurrogate(char32_t unit)
+{
+    return (unit & 0xFFFFFC00) == 0xD800;
+}
+constexpr bool IsLowSurrogate(char32_t unit)
+{
+    return (unit & 0xFFFFFC00) == 0xDC00;
+}
 
 /// Takes one character from `text`, which must not be empty.
 char32_t TakeCharacter(TextView& text)
@@ -75,7 +82,7 @@ unsigned char* PutUtf8(char32_t c, unsigned char* out)
 
 void EncodeUtf8(TextView text, ByteBuffer& out)
 {
-    constexpr std::size_t kMostBytesOfUnit = 3;  // a pair of units takes four
+    constexpr std::size_t kMostBytesOfUnit = 3; // a pair of units takes four
     const std::size_t before = out.Size();
     unsigned char* const begin = out.Extend(text.size() * kMostBytesOfUnit);
     unsigned char* end = begin;
@@ -98,7 +105,7 @@ void PutUtf16(char32_t c, Text& text)
 struct Utf8Lead {
     std::size_t tails;
     char32_t bits;
-    unsigned char lowest, highest;  // bounds of the first tail: they keep out overlong forms and surrogates
+    unsigned char lowest, highest; // bounds of the first tail: they keep out overlong forms and surrogates
 };
 
 constexpr Utf8Lead LeadOf(unsigned char byte)

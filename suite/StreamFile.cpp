@@ -59,7 +59,7 @@ std::unique_ptr<StreamFile> StreamFile::Open(TextView name, EStreamOpenOptions o
     auto file = std::make_unique<StreamFile>();
     file->m_path = std::move(*path);
     file->m_readOnly = readOnly;
-    const auto how = readOnly               ? std::ios::in
+    const auto how = readOnly              ? std::ios::in
                      : truncate || !exists ? std::ios::in | std::ios::out | std::ios::trunc
                                            : std::ios::in | std::ios::out;
     if (!file->Reopen(how)) {

@@ -29,7 +29,10 @@ void AppendFrame(ByteBuffer& out, TextView text)
 
 } // namespace
 
-StreamStorage::StreamStorage() : m_codePage(kCodePageUtf16) { SetDelimiter(OLESTR("\r\n")); }
+StreamStorage::StreamStorage() : m_codePage(kCodePageUtf16)
+{
+    SetDelimiter(OLESTR("\r\n"));
+}
 
 void StreamStorage::SetMode(EStreamMode mode)
 {
@@ -98,7 +101,8 @@ void StreamStorage::AddPending(ByteView value)
 
 TextView StreamStorage::Render(const Pending& pending, Text& scratch) const
 {
-    return m_sources[pending.source].source->TextOf(m_values.View().subspan(pending.value, pending.valueBytes), scratch);
+    return m_sources[pending.source].source->TextOf(m_values.View().subspan(pending.value, pending.valueBytes),
+                                                    scratch);
 }
 
 void StreamStorage::DropPending()

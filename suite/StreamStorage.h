@@ -46,8 +46,8 @@ public:
     // std::length_error and changes nothing.
     void Append(ByteView bytes, std::uint32_t items = 1);
     void AppendString(TextView text, bool lineEnd);
-    /// A string whose characters `make()` 's source gives when asked. Consecutive texts of one `identity` share a source.
-    /// Binary modes only.
+    /// A string whose characters `make()` 's source gives when asked. Consecutive texts of one `identity` share a
+    /// source. Binary modes only.
     template <class Make>
     void AppendPending(const void* identity, ByteView value, Make make)
     {
@@ -98,10 +98,7 @@ private:
     void CheckRoom(std::size_t bytes) const;
     bool IsText() const { return m_mode == E_STREAM_MODE_TEXT; }
     bool AtEnd() const { return m_position == m_bytes.Size() && m_nextPending == m_pending.size(); }
-    bool PendingIsNext() const
-    {
-        return m_nextPending < m_pending.size() && m_pending[m_nextPending].at == m_position;
-    }
+    bool PendingIsNext() const { return m_nextPending < m_pending.size() && m_pending[m_nextPending].at == m_position; }
     /// Whether a pending text stands before the byte `bytes` behind the read position.
     bool PendingWithin(std::size_t bytes) const
     {

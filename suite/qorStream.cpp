@@ -35,7 +35,10 @@ BSTR NewByteBstr(ByteView bytes)
     return text;
 }
 
-VARIANT_BOOL OutBool(bool value) { return value ? VARIANT_TRUE : VARIANT_FALSE; }
+VARIANT_BOOL OutBool(bool value)
+{
+    return value ? VARIANT_TRUE : VARIANT_FALSE;
+}
 
 /// Raises when `value` is none of `known`.
 template <class Value, std::size_t Count>
@@ -309,8 +312,7 @@ STDMETHODIMP CqorStream::SetSeekPos(LONG nSeekPos)
     return InFrame(kOrigin, OLESTR("CqorStream::SetSeekPos"), [&](const Checks& require) {
         require.NotNegative(nSeekPos);
         if (Note(m_content.Seek(nSeekPos, E_STREAM_ORIGIN_START)) != E_STREAM_ERROR_NONE)
-            ThrowFormatted(CallSite::current(), kOutsideText, nSeekPos,
-                           static_cast<LONG>(m_content.Bytes().size()));
+            ThrowFormatted(CallSite::current(), kOutsideText, nSeekPos, static_cast<LONG>(m_content.Bytes().size()));
     });
 }
 

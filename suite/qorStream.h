@@ -82,12 +82,12 @@ public:
 
     /// Turns the stream into a file stream: closes the file that it had and replaces the content by the file's.
     /// Reading starts at the beginning; APPEND keeps what the file holds, TRUNCATE empties it, and a missing file is
-    /// made unless `bReadOnly` is true. On a failure the stream stays as it was: OPEN_FILE_READ_ONLY for a file that may
-    /// not be written, or one to be truncated but not written; FILE_ACCESS_PERMISSIONS when there is no such file or the
-    /// system refuses; UNKNOWN_ERROR for an unusable name or a file of 2 GiB or more.
-    /// A text file tells its code page by its mark (FF FE: 1200, EF BB BF: 65001) and gets the mark of the stream's
-    /// code page when it is empty. One that has content and no mark is narrow: 1200 becomes 0 for it.
-    /// What is written reaches the file at CloseFile at the latest, or at the last release.
+    /// made unless `bReadOnly` is true. On a failure the stream stays as it was: OPEN_FILE_READ_ONLY for a file that
+    /// may not be written, or one to be truncated but not written; FILE_ACCESS_PERMISSIONS when there is no such file
+    /// or the system refuses; UNKNOWN_ERROR for an unusable name or a file of 2 GiB or more. A text file tells its code
+    /// page by its mark (FF FE: 1200, EF BB BF: 65001) and gets the mark of the stream's code page when it is empty.
+    /// One that has content and no mark is narrow: 1200 becomes 0 for it. What is written reaches the file at CloseFile
+    /// at the latest, or at the last release.
     STDMETHODIMP OpenFile(BSTR bstrFilename, EStreamMode eFileMode, EStreamOpenOptions eOptions, VARIANT_BOOL bReadOnly,
                           EStreamError* peStreamError) override;
     /// Completes and closes the file; the stream becomes an empty memory stream that may be written. Raises when the

@@ -23,7 +23,10 @@ Text Decode(const Bytes& bytes, LONG codePage)
     return text;
 }
 
-Bytes BytesOf(std::string_view text) { return {text.begin(), text.end()}; }
+Bytes BytesOf(std::string_view text)
+{
+    return {text.begin(), text.end()};
+}
 
 TEST(CodePages, Utf8TakesOneToFourBytesPerCharacter)
 {
@@ -61,13 +64,13 @@ TEST(CodePages, ALowSurrogateBeforeAHighOneIsTwoReplacements)
 TEST(CodePages, BrokenUtf8GivesOneReplacementUpToTheByteThatBreaksIt)
 {
     const Text r(1, 0xFFFD);
-    EXPECT_EQ(Decode(BytesOf("\x80"), kCodePageUtf8), r);                    // a tail alone
-    EXPECT_EQ(Decode(BytesOf("\xC0\xAF"), kCodePageUtf8), r + r);            // overlong
-    EXPECT_EQ(Decode(BytesOf("\xE0\x80\xAF"), kCodePageUtf8), r + r + r);    // overlong
-    EXPECT_EQ(Decode(BytesOf("\xED\xA0\x80"), kCodePageUtf8), r + r + r);    // a surrogate
+    EXPECT_EQ(Decode(BytesOf("\x80"), kCodePageUtf8), r);                         // a tail alone
+    EXPECT_EQ(Decode(BytesOf("\xC0\xAF"), kCodePageUtf8), r + r);                 // overlong
+    EXPECT_EQ(Decode(BytesOf("\xE0\x80\xAF"), kCodePageUtf8), r + r + r);         // overlong
+    EXPECT_EQ(Decode(BytesOf("\xED\xA0\x80"), kCodePageUtf8), r + r + r);         // a surrogate
     EXPECT_EQ(Decode(BytesOf("\xF4\x90\x80\x80"), kCodePageUtf8), r + r + r + r); // above 10FFFF
     EXPECT_EQ(Decode(BytesOf("\xF5"), kCodePageUtf8), r);
-    EXPECT_EQ(Decode(BytesOf("\xE2\x82"), kCodePageUtf8), r);                // cut off
+    EXPECT_EQ(Decode(BytesOf("\xE2\x82"), kCodePageUtf8), r); // cut off
     EXPECT_EQ(Decode(BytesOf("\xE2\x82z"), kCodePageUtf8), r + OLESTR("z"));
     EXPECT_EQ(Decode(BytesOf("\xF0\x9F\x98\xC3\xA4"), kCodePageUtf8), r + OLESTR("\x00E4"));
 }

@@ -27,8 +27,8 @@ TEST_F(BinaryStream, ARecordATextAndARecordReadBackInThatOrder)
 
 TEST_F(BinaryStream, ATextComesBackWholeWhateverItHolds)
 {
-    const Text texts[] = {OLESTR("line\r\nline\nline\r"), OLESTR("~1al1|35\\$"), Text(3, 0), Text{0xD800}, Text{0xFFFE},
-                          OLESTR("")};
+    const Text texts[] = {
+        OLESTR("line\r\nline\nline\r"), OLESTR("~1al1|35\\$"), Text(3, 0), Text{0xD800}, Text{0xFFFE}, OLESTR("")};
     for (const Text& text : texts)
         WriteString(text);
     for (const Text& text : texts)
@@ -268,13 +268,12 @@ TEST_F(BinaryStream, SavingToAnArrayLeavesTheReadPosition)
 /// Owns an array of `count` elements that hold their own number.
 class SafeBytes {
 public:
-    explicit SafeBytes(ULONG count, VARTYPE type = VT_UI1) : array(SafeArrayCreateVector(type, 0, count))
+    explicit SafeBytes(ULONG count) : array(SafeArrayCreateVector(VT_UI1, 0, count))
     {
         void* elements = nullptr;
         EXPECT_EQ(SafeArrayAccessData(array, &elements), S_OK);
-        if (type == VT_UI1)
-            std::iota(static_cast<unsigned char*>(elements), static_cast<unsigned char*>(elements) + count,
-                      static_cast<unsigned char>(0));
+        std::iota(static_cast<unsigned char*>(elements), static_cast<unsigned char*>(elements) + count,
+                  static_cast<unsigned char>(0));
         EXPECT_EQ(SafeArrayUnaccessData(array), S_OK);
     }
     SafeBytes(const SafeBytes&) = delete;
@@ -305,13 +304,19 @@ TEST_F(BinaryStream, ASafeArrayWithTooFewElementsChangesNothing)
     EXPECT_THAT(Content(), ElementsAre(9));
 }
 
-TEST_F(BinaryStream, ASafeArrayThatHoldsNoBytesChangesNothing)
+TEST_F(BinaryStream, ASafeArrayThatIsNotOneRowOfBytesChangesNothing)
 {
     Write({9});
-    SafeBytes longs(5, VT_I4);
-    EStreamError error = E_STREAM_ERROR_NONE;
-    EXPECT_EQ(stream->LoadFromSafeArray(longs.array, 3, &error), S_OK);
-    EXPECT_EQ(error, E_STREAM_ERROR_UNKNOWN_ERROR);
+    SafeBytes bytes(5);
+    SAFEARRAY longs = *bytes.array;
+    longs.cbElements = 4;
+    SAFEARRAY table = *bytes.array;
+    table.cDims = 2;
+    for (SAFEARRAY* const array : {&longs, &table}) {
+        EStreamError error = E_STREAM_ERROR_NONE;
+        EXPECT_EQ(stream->LoadFromSafeArray(array, 3, &error), S_OK);
+        EXPECT_EQ(error, E_STREAM_ERROR_UNKNOWN_ERROR);
+    }
     EXPECT_THAT(Content(), ElementsAre(9));
 }
 

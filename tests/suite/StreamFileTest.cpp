@@ -1,7 +1,7 @@
 // File streams: what stands in the file, what is read from it, what can go wrong.
 #include "tests/suite/StreamFixture.h"
+#include "tests/support/TestFolder.h"
 
-#include <atomic>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -14,20 +14,7 @@ namespace {
 
 class FileStream : public testing::Test, public StreamUser {
 protected:
-    FileStream()
-    {
-        static std::atomic<int> number{0};
-        folder = fs::temp_directory_path() /
-                 ("stream-" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(++number));
-        fs::create_directories(folder);
-        path = folder / "content.dat";
-    }
-    ~FileStream() override
-    {
-        stream.Release();
-        std::error_code ignored;
-        fs::remove_all(folder, ignored);
-    }
+    ~FileStream() override { stream.Release(); }
 
     static Text NameOf(const fs::path& file) { return file.generic_string<OLECHAR>(); }
 
@@ -58,8 +45,9 @@ protected:
         return {std::istreambuf_iterator<char>(file), {}};
     }
 
-    fs::path folder;
-    fs::path path;
+    TestFolder ownFolder;
+    const fs::path folder = ownFolder.Path();
+    fs::path path = folder / "content.dat";
 };
 
 using namespace std::string_literals;
@@ -200,7 +188,8 @@ TEST_F(FileStream, ANewTextFileOpensWithTheMarkOfItsCodePage)
     const struct {
         LONG codePage;
         std::string stored;
-    } cases[] = {{1200, "\xFF\xFE\xE4\0\r\0\n\0"s}, {65001, "\xEF\xBB\xBF\xC3\xA4\r\n"}, {1252, "\xE4\r\n"}, {0, "\xE4\r\n"}};
+    } cases[] = {
+        {1200, "\xFF\xFE\xE4\0\r\0\n\0"s}, {65001, "\xEF\xBB\xBF\xC3\xA4\r\n"}, {1252, "\xE4\r\n"}, {0, "\xE4\r\n"}};
     for (const auto& [codePage, stored] : cases) {
         SetCodePage(codePage);
         ASSERT_EQ(Open(E_STREAM_MODE_TEXT, E_STREAM_OPEN_TRUNCATE), E_STREAM_ERROR_NONE);
@@ -218,7 +207,8 @@ TEST_F(FileStream, ACodePageChosenAfterOpeningStillDecidesTheMarkOfAnEmptyFile)
     SetCodePage(65001);
     WriteString(OLESTR("a"), VARIANT_FALSE);
     Close();
-    EXPECT_EQ(Stored(), "\xEF\xBB\xBF" "a");
+    EXPECT_EQ(Stored(), "\xEF\xBB\xBF"
+                        "a");
 }
 
 TEST_F(FileStream, AMarkTellsTheCodePageAndIsNoContent)
@@ -241,12 +231,14 @@ TEST_F(FileStream, AMarkTellsTheCodePageAndIsNoContent)
 
 TEST_F(FileStream, AMarkedFileKeepsItsMarkWhenItIsCut)
 {
-    Put("\xEF\xBB\xBF" "abc");
+    Put("\xEF\xBB\xBF"
+        "abc");
     ASSERT_EQ(Open(E_STREAM_MODE_TEXT), E_STREAM_ERROR_NONE);
     Seek(1);
     EXPECT_EQ(stream->Truncate(), S_OK);
     Close();
-    EXPECT_EQ(Stored(), "\xEF\xBB\xBF" "a");
+    EXPECT_EQ(Stored(), "\xEF\xBB\xBF"
+                        "a");
 }
 
 TEST_F(FileStream, AnUnmarkedFileIsNarrowAndStaysUnmarked)
@@ -294,7 +286,8 @@ TEST_F(FileStream, AnEmptyTextFileStaysEmptyWhenNothingIsWritten)
 
 TEST_F(FileStream, ABinaryFileHasNoMark)
 {
-    Put("\xFF\xFE" "a");
+    Put("\xFF\xFE"
+        "a");
     ASSERT_EQ(Open(E_STREAM_MODE_BINARY), E_STREAM_ERROR_NONE);
     EXPECT_EQ(Size(), 3);
     EXPECT_EQ(CodePage(), 1200);
@@ -302,7 +295,8 @@ TEST_F(FileStream, ABinaryFileHasNoMark)
 
 TEST_F(FileStream, NamesMayHoldAnyCharacter)
 {
-    path = folder / fs::path(Text(OLESTR("Pr\x00FC" "fplan \x0394 \xD83D\xDE00.txt")));
+    path = folder / fs::path(Text(OLESTR("Pr\x00FC"
+                                         "fplan \x0394 \xD83D\xDE00.txt")));
     ASSERT_EQ(Open(E_STREAM_MODE_BINARY), E_STREAM_ERROR_NONE);
     Write({1});
     Close();

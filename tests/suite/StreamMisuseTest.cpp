@@ -1,6 +1,8 @@
 // What is refused, in which words, and what stays.
 #include "tests/suite/StreamFixture.h"
 
+#include <cstring>
+
 namespace {
 
 class MisusedStream : public testing::Test, public StreamUser {
@@ -38,6 +40,16 @@ protected:
     CComBSTR text;
     CComBSTR full{TextView(OLESTR("full"))};
 };
+
+/// A number that the enumeration lacks, as a caller in another language may pass it.
+template <class Enumeration>
+Enumeration FromOutside(LONG number)
+{
+    static_assert(sizeof(Enumeration) == sizeof number);
+    Enumeration value;
+    std::memcpy(&value, &number, sizeof number);
+    return value;
+}
 
 constexpr TextView kNegative = OLESTR("A negative parameter has been passed. Please use positive or zero values.");
 constexpr TextView kReadOnly = OLESTR("The stream is read-only and can't be changed.");
@@ -106,18 +118,17 @@ TEST_F(MisusedStream, NegativeSizesAndPositionsAreRefused)
 
 TEST_F(MisusedStream, ValuesThatNoEnumerationHasAreRefused)
 {
-    ExpectRefusal(stream->SetStreamMode(static_cast<EStreamMode>(2)),
+    ExpectRefusal(stream->SetStreamMode(FromOutside<EStreamMode>(2)),
                   UnknownValueText(OLESTR("SetStreamMode"), OLESTR("eStreamMode"), OLESTR("2")));
-    ExpectRefusal(stream->Seek(0, static_cast<EStreamOrigin>(1), &error),
+    ExpectRefusal(stream->Seek(0, FromOutside<EStreamOrigin>(1), &error),
                   UnknownValueText(OLESTR("Seek"), OLESTR("eOrigin"), OLESTR("1")));
-    ExpectRefusal(stream->SetCodePage(437), UnknownValueText(OLESTR("SetCodePage"), OLESTR("nCodePage"), OLESTR("437")));
+    ExpectRefusal(stream->SetCodePage(437),
+                  UnknownValueText(OLESTR("SetCodePage"), OLESTR("nCodePage"), OLESTR("437")));
     ExpectRefusal(stream->SetCodePage(-1), UnknownValueText(OLESTR("SetCodePage"), OLESTR("nCodePage"), OLESTR("-1")));
-    ExpectRefusal(
-        stream->OpenFile(full, static_cast<EStreamMode>(7), E_STREAM_OPEN_APPEND, VARIANT_FALSE, &error),
-        UnknownValueText(OLESTR("OpenFile"), OLESTR("eFileMode"), OLESTR("7")));
-    ExpectRefusal(
-        stream->OpenFile(full, E_STREAM_MODE_TEXT, static_cast<EStreamOpenOptions>(2), VARIANT_FALSE, &error),
-        UnknownValueText(OLESTR("OpenFile"), OLESTR("eOptions"), OLESTR("2")));
+    ExpectRefusal(stream->OpenFile(full, FromOutside<EStreamMode>(7), E_STREAM_OPEN_APPEND, VARIANT_FALSE, &error),
+                  UnknownValueText(OLESTR("OpenFile"), OLESTR("eFileMode"), OLESTR("7")));
+    ExpectRefusal(stream->OpenFile(full, E_STREAM_MODE_TEXT, FromOutside<EStreamOpenOptions>(2), VARIANT_FALSE, &error),
+                  UnknownValueText(OLESTR("OpenFile"), OLESTR("eOptions"), OLESTR("2")));
     EXPECT_EQ(Mode(), E_STREAM_MODE_NOT_SET);
     EXPECT_EQ(CodePage(), 1200);
 }

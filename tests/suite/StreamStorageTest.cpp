@@ -1,6 +1,6 @@
 // The content rules by themselves, at the sizes and places where the interface can't look.
-#include "suite/CodePages.h"
 #include "suite/StreamStorage.h"
+#include "suite/CodePages.h"
 
 #include <gmock/gmock.h>
 

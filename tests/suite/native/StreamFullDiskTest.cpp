@@ -1,5 +1,6 @@
 // A file that can't be written, played by a process-wide limit on file sizes.
 #include "tests/suite/StreamFixture.h"
+#include "tests/support/TestFolder.h"
 
 #include <csignal>
 #include <filesystem>
@@ -34,7 +35,8 @@ private:
 
 TEST(StreamOnAFullDisk, TheCloseThatFailsKeepsTheContentForAnotherTry)
 {
-    const fs::path path = fs::temp_directory_path() / ("stream-full-" + std::to_string(GetCurrentProcessId()));
+    const TestFolder folder;
+    const fs::path path = folder.Path() / "content.dat";
     StreamUser user;
     EStreamError error = E_STREAM_ERROR_UNKNOWN_ERROR;
     const CComBSTR name{TextView(path.generic_string<OLECHAR>())};
@@ -50,7 +52,6 @@ TEST(StreamOnAFullDisk, TheCloseThatFailsKeepsTheContentForAnotherTry)
     }
     EXPECT_EQ(user.stream->CloseFile(), S_OK);
     EXPECT_EQ(fs::file_size(path), 40'000u);
-    fs::remove(path);
 }
 
 } // namespace
