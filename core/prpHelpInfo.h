@@ -2,6 +2,7 @@
 #pragma once
 
 #include "LV_prpPropCollection.h"
+#include "core/HelpTable.h"
 #include "frame/MethodFrame.h"
 #include "platform/atl/ComObject.h"
 #include "platform/atl/Dispatch.h"
@@ -23,4 +24,7 @@ public:
 
 private:
     static const Origin kOrigin;
+
+    HelpTable m_PictureTable;
+    HelpTable m_HelpTable;
 };

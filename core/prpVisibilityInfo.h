@@ -7,6 +7,8 @@
 #include "platform/atl/ComObject.h"
 #include "platform/atl/Dispatch.h"
 
+#include <vector>
+
 class CprpVisibilityInfo : public CComObjectRootEx<CComSingleThreadModel>,
                            public CComCoClass<&CLSID_prpVisibilityInfo>,
                            public IDispatchImpl<IprpVisibilityInfo>,
@@ -21,4 +23,9 @@ public:
 
 private:
     static const Origin kOrigin;
+
+    std::vector<LONG> ControlValues(IqorPropertyCollection& collection) const;
+
+    std::vector<LONG> m_ControlPropIDs;
+    std::vector<std::vector<LONG>> m_ValueRows; ///< each as long as the controls were when it came
 };
