@@ -2,6 +2,7 @@
 #pragma once
 
 #include "LV_prpPropCollection.h"
+#include "core/PropertyNameText.h"
 #include "core/prpTolerance.h"
 #include "platform/atl/ComPtr.h"
 #include "platform/com/Ole.h"
@@ -10,13 +11,10 @@
 #include <memory>
 #include <vector>
 
-/// The name as given and its derived forms.
+/// The name as given and its derived forms. Invariant: an empty name has empty forms.
 struct PropertyNames {
     Text raw;
-    Text full;
-    Text stripped;
-    Text macroPost;
-    Text report;
+    PropertyNameForms forms;
 };
 
 struct PropertyExtras {

@@ -178,14 +178,13 @@ private:
 
     // Names
     bool LoadResourceString(Text& target, LONG id) const;
-    bool LoadParsedResourceString(Text& text, LONG id);
+    bool LoadParsedResourceString(Text& text, LONG id) const;
     void ParseName();
     void EnsureName();
-    Text EnumItemText(const SprpEnumItem& item);
+    Text EnumItemText(const SprpEnumItem& item) const;
 
     /// Changes the scan path like the interface does, without an event. @return whether anything changed.
     bool PutScanPathPoint(LONG index, const SprpPosition& point);
-    static bool ReadScanPathLine(TextView line, SprpPosition& point);
 
     LONG m_nParentID = E_PROP_ID_TOP_LEVEL;
     LONG m_eDataType = E_PROP_DT_NONE; ///< any value from 0 up is stored
