@@ -66,6 +66,11 @@ public:
         return ids;
     }
 
+    [[nodiscard]] bool ComesBefore(const Node& left, const Node& right) const noexcept
+    {
+        return m_order.ComesBefore(left, right);
+    }
+
     /// For a reader who meets the ids in this order, as a load does with a text that was saved here.
     void PrefetchAfter(const Node& node) const noexcept { m_order.PrefetchAfter(node); }
 

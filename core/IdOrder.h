@@ -82,6 +82,15 @@ public:
         }
     }
 
+    /// Whether one node is visited ahead of another.
+    [[nodiscard]] static bool ComesBefore(const Node& left, const Node& right) noexcept
+    {
+        const std::size_t leftBucket = BucketOf(left.Id());
+        const std::size_t rightBucket = BucketOf(right.Id());
+        return leftBucket != rightBucket ? leftBucket < rightBucket
+                                         : EntryOf(left).m_nMapPlace > EntryOf(right).m_nMapPlace;
+    }
+
     /// For a reader who meets the nodes in this very order: fetches the one that comes a while after this one.
     void PrefetchAfter(const Node& node) const noexcept
     {

@@ -34,6 +34,12 @@ struct PropertyExtras {
     CComPtr<IprpVisibilityInfo> visibilityInfo;
     CComPtr<IprpVisibilityInfo> postProcVisibilityInfo;
 
+    const CprpTolerance& Tolerance() const
+    {
+        static const CprpTolerance s_zero;
+        return tolerance ? *tolerance : s_zero;
+    }
+
     /// What a property without extras reads.
     static const PropertyExtras& None() noexcept
     {

@@ -16,8 +16,8 @@ public:
     HRESULT Fire_PropertyEventStream(IqorStream* stream) const
     {
         VARIANT argument{};
-        argument.vt = VT_UNKNOWN;
-        argument.punkVal = stream;
+        V_VT(&argument) = VT_UNKNOWN;
+        V_UNKNOWN(&argument) = stream;
         return Fire(1, &argument, 1);
     }
 };

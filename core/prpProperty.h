@@ -126,6 +126,15 @@ public:
 
     /// Gives a new object its id and its reported parent. Lists, index and references are the caller's.
     void Enter(CprpPropertyCollection& collection, LONG id, LONG parentId) noexcept;
+    // The last steps of adding a property, in this order and without events.
+    void Initialise(bool alwaysSave, LONG editFlags, LONG dataType, LONG_PTR hModule, LONG linkedId);
+    /// Loads and parses a name resource; 0 leaves the name alone, -1 stands for a name that will be given as text.
+    void InitialiseName(LONG nameResID);
+    void InitialiseDisplay(bool visible, bool readOnly) noexcept;
+
+    /// Evaluates the rules, at the end of a transaction that queued anything. A rule that fails counts as not visible.
+    void ApplyRules();
+
     /// The collection is going: from now on every need of it is an error.
     void Detach() noexcept { m_pCollection = nullptr; }
 
@@ -168,13 +177,15 @@ private:
 
     void QueueStateEdit(bool visibilityChanged = false);
     void QueueValueEdit(const ValueText& oldText);
-    template <class Flag>
-    void ChangeFlag(Flag read, bool value, bool visibilityChanged = false);
+    /// The present value text for an event; raises when no transaction runs.
+    ValueText RenderForEdit(CallSite at = CallSite::current());
 
     void SetErrorText(TextView text);
     /// Reads a text into the field of the data type. False when it holds no value of that type.
     bool ParseValue(TextView text);
     bool ParsePosition(TextView text);
+    void ScaleValue(double factor);
+    void CopyEnumStrings(const PropertyExtras& source);
 
     // Names
     bool LoadResourceString(Text& target, LONG id) const;

@@ -6,6 +6,7 @@
 #include "LV_prpPropCollection.h"
 #include "core/EventQueue.h"
 #include "core/IdIndex.h"
+#include "core/RuleList.h"
 #include "core/SiblingList.h"
 #include "core/TransactionLock.h"
 #include "core/prpCollectionEvents.h"
@@ -85,8 +86,14 @@ public:
     /// Makes a property under a parent without a check of the thread or the transaction, and queues its event.
     CprpProperty& AddInternal(LONG id, LONG parentId);
     /// Called by a property's last release.
-    void Forget(CprpProperty& property) noexcept { m_mapProperties.Erase(property); }
-    CprpProperty* FirstTopLevel() const noexcept { return m_listTopLevel.First(); }
+    void Forget(CprpProperty& property) noexcept
+    {
+        m_Rules.Remove(property);
+        m_mapProperties.Erase(property);
+    }
+    /// Called by a property that is given a rule: the end of a transaction evaluates it from now on.
+    void NoteRule(CprpProperty& property) { m_Rules.Add(property); }
+    const SiblingList<CprpProperty>& TopLevel() const noexcept { return m_listTopLevel; }
 
     void QueueEvent(LONG id, EprpEventType type, bool visibilityChanged);
     void QueueDataEvent(LONG id, EprpEventType type, const ValueText& text, bool visibilityChanged);
@@ -107,18 +114,28 @@ private:
     static CprpProperty* NextInWalk(CprpProperty& property);
 
     void ApplyVisibilityRules();
-    void Publish(CComPtr<IqorStream> stream);
+    CComPtr<IqorStream> TakeQueue();
+    void Publish(const CComPtr<IqorStream>& stream);
+    void CloseTransaction();
     void StampEvent(LONG id, EprpEventType type) noexcept;
+    SprpEventInfo EventRecord(LONG id, EprpEventType type, bool visibilityChanged) const;
+    void QueueLoadEvent();
 
     void AppendRecord(Text& out, CprpProperty& property);
     bool LoadRecords(TextView text, IqorStream* errors);
-    EprpParseError LoadRecord(TextView record);
+    /// @param id  out, for the message: the id that a record of version 0 names.
+    EprpParseError LoadRecord(TextView record, LONG& id);
     EprpParseError LoadRecordVersion1(TextView record);
     EprpParseError LoadRecordVersion0(TextView record, LONG& id);
-    EprpParseError ApplyValue(CprpProperty& property, LONG savedType, TextView value);
+    EprpParseError ApplySavedValue(CprpProperty& property, const SavedRecord& saved);
+    void StoreSavedValue(CprpProperty& property, TextView value);
+    void ApplySavedFlags(CprpProperty& property, const SavedRecord& saved);
+
     void KeepRecords(TextView text, LONG categoryId, LONG nameResID);
-    void KeepRecord(TextView record, LONG categoryId);
     void EnsureCategory(LONG categoryId, LONG nameResID);
+    void KeepRecord(TextView record, LONG categoryId);
+    /// Puts a property of the saved type in the place of what has its id. @return the help text about it.
+    Text ReplaceByKept(const SavedRecord& saved, LONG categoryId);
     void RemoveLinkedTo(LONG id);
 
     TransactionLock m_Mutex;
@@ -130,6 +147,7 @@ private:
 
     IdIndex<CprpProperty> m_mapProperties;      ///< every living property, at any depth
     SiblingList<CprpProperty> m_listTopLevel;   ///< one reference each
+    RuleList m_Rules;
     EventQueue m_Queue;
     CProxy_IqorPropertyCollectionEvents m_Events{*this};
     CComPtr<IprpHelpInfo> m_pIHelpInfo;

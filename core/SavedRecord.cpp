@@ -1,0 +1,165 @@
+#include "core/SavedRecord.h"
+
+#include "frame/FormatText.h"
+#include "frame/LanguageStrings.h"
+#include "frame/NumberScan.h"
+#include "frame/NumberText.h"
+
+namespace {
+
+constexpr OLECHAR kBar = OLESTR('|');
+constexpr OLECHAR kFlagBase = OLESTR('g');
+constexpr TextView kFlagCharacters = OLESTR("ghijklmnopqrstuvwxyzGHIJKLMNOPQRSTUVWXYZ");
+constexpr unsigned kKnownFlags = kSavedVisible | kSavedReadOnly | kSavedEditFlags;
+constexpr UINT kStreamEmptyString = 32000;
+
+/// A missing type character reads as the terminator, which is no type.
+LONG TypeOf(TextView rest)
+{
+    const OLECHAR letter = rest.empty() ? OLECHAR{0} : FoldAscii(rest.front());
+    return letter >= OLESTR('0') && letter <= OLESTR('9') ? letter - OLESTR('0') : letter - OLESTR('a');
+}
+
+/// Texts of the faults in the order of their numbers. Those with a placeholder get the record or the id.
+struct FaultText {
+    EprpParseError error;
+    const OLECHAR* text;
+};
+
+constexpr FaultText kFaultTexts[] = {
+    {E_PROP_PARSE_ERROR_DELIM_NOT_FOUND, OLESTR("Delimiter not found.")},
+    {E_PROP_PARSE_ERROR_VALUE_NOT_FOUND, OLESTR("Value not found - token %s.")},
+    {E_PROP_PARSE_ERROR_PROPID_NOT_FOUND, OLESTR("PropertyID %d was not found in the collection.")},
+    {E_PROP_PARSE_ERROR_EMPTY, OLESTR("The string was empty.")},
+    {E_V1_PROP_PARSE_ERROR_UNKNOWN_PROPERTY_VERSION, OLESTR("Unknown property version")},
+    {E_V1_PROP_PARSE_ERROR_INVALID_PROPERTY_STRING, OLESTR("Invalid property string")},
+    {E_V1_PROP_PARSE_ERROR_PROPERTYID_FAILED, OLESTR("Propertyid failed")},
+    {E_V1_PROP_PARSE_ERROR_DATA_TYPE_MISMATCH, OLESTR("Data type mismatch")},
+    {E_V1_PROP_PARSE_ERROR_PROPERTY_NOT_FOUND, OLESTR("Property not found")},
+    {E_V1_PROP_PARSE_ERROR_INVALID_DATA_TYPE, OLESTR("Invalid data type")},
+};
+
+} // namespace
+
+void UndoEscapes(Text& record)
+{
+    ReplaceAll(record, OLESTR("\\$"), OLESTR("~"));
+    ReplaceAll(record, OLESTR("\\&"), OLESTR("|"));
+}
+
+EprpParseError ParseRecordVersion1(TextView record, SavedRecord& out)
+{
+    out = {};
+    if (record.empty())
+        return E_V1_PROP_PARSE_ERROR_INVALID_PROPERTY_STRING;
+    const TextView idText = record.substr(0, record.find_first_of(kFlagCharacters));
+    if (idText.empty())
+        return E_V1_PROP_PARSE_ERROR_INVALID_PROPERTY_STRING;
+    if (!TextScanner(idText).ReadHex(out.id))
+        return E_V1_PROP_PARSE_ERROR_PROPERTYID_FAILED;
+    TextView rest = record.substr(idText.size());
+    if (rest.empty())
+        return E_V1_PROP_PARSE_ERROR_INVALID_PROPERTY_STRING;
+
+    out.flags = static_cast<unsigned>(FoldAscii(rest.front()) - kFlagBase) & kKnownFlags;
+    rest.remove_prefix(1);
+    if (out.flags & kSavedEditFlags) {
+        const auto bar = rest.find(kBar);
+        if (bar == rest.npos || !TextScanner(rest.substr(0, bar)).ReadHex(out.editFlags))
+            return E_V1_PROP_PARSE_ERROR_INVALID_DATA_TYPE;
+        rest.remove_prefix(bar + 1);
+    }
+    out.type = TypeOf(rest);
+    if (out.type == E_PROP_DT_NONE)
+        return E_V1_PROP_PARSE_ERROR_INVALID_DATA_TYPE;
+    if (!rest.empty())
+        rest.remove_prefix(1);
+    out.value = rest;
+    return rest.empty() && !RuleOf(out.type).emptySavedValue ? E_PROP_PARSE_ERROR_VALUE_NOT_FOUND
+                                                             : E_PROP_PARSE_ERROR_NONE;
+}
+
+EprpParseError ParseRecordVersion0(TextView record, SavedRecord& out)
+{
+    out = {};
+    if (record.empty())
+        return E_PROP_PARSE_ERROR_EMPTY;
+    const auto bar = record.find(kBar);
+    if (bar == record.npos)
+        return E_PROP_PARSE_ERROR_PROPID_NOT_FOUND;
+    TextScanner scanner(record.substr(0, bar));
+    uint32_t id = 0;
+    if (!scanner.ReadHex(id))
+        return E_PROP_PARSE_ERROR_PROPID_NOT_FOUND;
+    out.id = static_cast<LONG>(id & 0xFFFF);
+    uint32_t flags = 0;
+    if (scanner.ReadLiteral(OLESTR(',')) && scanner.ReadHex(flags))
+        out.flags = flags & (kSavedVisible | kSavedReadOnly);
+    out.value = record.substr(bar + 1);
+    return E_PROP_PARSE_ERROR_NONE;
+}
+
+void AppendRecordHead(Text& out, LONG id, unsigned flags, LONG editFlags, LONG type)
+{
+    out += g_strStartMarker;
+    AppendHex(out, static_cast<uint32_t>(id), HexCase::Lower);
+    out += static_cast<OLECHAR>(kFlagBase + flags);
+    if (flags & kSavedEditFlags) {
+        AppendHex(out, static_cast<uint32_t>(editFlags), HexCase::Upper);
+        out += kBar;
+    }
+    out += TypeCharacter(type);
+}
+
+void AppendRecord(Text& out, const SavedRecord& record)
+{
+    AppendRecordHead(out, record.id, record.flags, record.editFlags, record.type);
+    const std::size_t begin = out.size();
+    out += record.value;
+    EscapeValue(out, begin, RuleOf(record.type).saved);
+}
+
+void EscapeValue(Text& out, std::size_t begin, SavedForm form)
+{
+    if (form == SavedForm::Plain || form == SavedForm::EnumValue)
+        return;
+    const bool lines = form == SavedForm::MultiLine || form == SavedForm::Points;
+    const TextView special = form == SavedForm::Points ? TextView(OLESTR("\r")) : TextView(OLESTR("~|\r"));
+    if (out.find_first_of(special, begin) == out.npos)
+        return;
+    Text value = out.substr(begin);
+    if (lines)
+        ReplaceAll(value, OLESTR("\r\n"), OLESTR("#"));
+    if (form != SavedForm::Points) {
+        ReplaceAll(value, OLESTR("~"), OLESTR("\\$"));
+        ReplaceAll(value, OLESTR("|"), OLESTR("\\&"));
+    }
+    out.replace(begin, out.npos, value);
+}
+
+Text ValueLines(TextView value)
+{
+    Text lines(value);
+    ReplaceAll(lines, OLESTR("#"), OLESTR("\r\n"));
+    return lines;
+}
+
+Text ParseErrorText(EprpParseError error, TextView record, LONG id)
+{
+    if (error == E_PROP_PARSE_ERROR_STREAM_EMPTY) {
+        Text text;
+        LoadLanguageString(kStreamEmptyString, text);
+        return text;
+    }
+    for (const FaultText& fault : kFaultTexts) {
+        if (fault.error == error)
+            return error == E_PROP_PARSE_ERROR_VALUE_NOT_FOUND ? FormatText(fault.text, record)
+                                                                : FormatText(fault.text, id);
+    }
+    return OLESTR("An unknown parsing error has occurred.");
+}
+
+Text ParseErrorMessage(EprpParseError error, TextView record, LONG id, TextView line)
+{
+    return FormatText(OLESTR("A parsing error has occurred (%s) at line: %s"), ParseErrorText(error, record, id), line);
+}

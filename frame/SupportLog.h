@@ -1,0 +1,3 @@
+#pragma once
+#include "platform/com/Ole.h"
+void WriteSupportLog(const Text& text, bool bWithHeader);
