@@ -42,7 +42,7 @@ TEST_F(WindowsFacts, ReadATextOfTheRegistry)
 
 TEST_F(WindowsFacts, ReadATextThatLacksItsTerminator)
 {
-    SetText(OLESTR("Dir"), OLESTR("C:\\support"), 10);
+    SetText(OLESTR("Dir"), OLESTR("C:\\support, cut here"), 10);
     EXPECT_EQ(facts.MachineText(kKey, OLESTR("Dir"), 20), Text(OLESTR("C:\\support")));
 }
 

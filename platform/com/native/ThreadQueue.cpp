@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <iterator>
 #include <new>
 
 namespace {
@@ -84,7 +83,7 @@ ULONG ThreadQueue::Deliver(DWORD dwTimeout)
 
 bool ThreadQueue::IsDelivering(const EventReceiver& receiver) const noexcept
 {
-    return std::ranges::find(m_delivering, &receiver) != m_delivering.end();
+    return std::find(m_delivering.begin(), m_delivering.end(), &receiver) != m_delivering.end();
 }
 
 void ThreadQueue::Forget(EventReceiver& receiver) noexcept
@@ -92,10 +91,10 @@ void ThreadQueue::Forget(EventReceiver& receiver) noexcept
     Posts dropped;
     {
         std::unique_lock guard(m_mutex);
-        const auto [firstDropped, last] =
-            std::ranges::stable_partition(m_posts, [&](const Posted& post) { return post.receiver != &receiver; });
-        dropped.assign(firstDropped, last);
-        m_posts.erase(firstDropped, last);
+        const auto firstDropped = std::stable_partition(m_posts.begin(), m_posts.end(),
+                                                        [&](const Posted& post) { return post.receiver != &receiver; });
+        dropped.assign(firstDropped, m_posts.end());
+        m_posts.erase(firstDropped, m_posts.end());
         if (GetCurrentThreadId() != m_dwThread)
             m_changed.wait(guard, [&] { return !IsDelivering(receiver); });
     }
