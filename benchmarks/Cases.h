@@ -66,11 +66,7 @@ std::shared_ptr<Fixture> Shared(int64_t size)
 }
 
 /// Keeps a result alive for the optimiser.
-inline void Keep(uint64_t value)
-{
-    static volatile uint64_t s_sink;
-    s_sink = value;
-}
+void Keep(uint64_t value);
 
 /// Bytes in use on the heap, the allocator's own share included; 0 where nobody knows.
 double HeapBytes();

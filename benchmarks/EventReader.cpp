@@ -27,7 +27,7 @@ STDMETHODIMP EventReader::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* para
     if (id != 1 || params->cArgs != 1)
         return DISP_E_MEMBERNOTFOUND;
     CComPtr<IqorStream> stream;
-    MustSucceed(params->rgvarg[0].punkVal->QueryInterface(IID_IqorStream, reinterpret_cast<void**>(&stream)),
+    MustSucceed(V_UNKNOWN(&params->rgvarg[0])->QueryInterface(IID_IqorStream, reinterpret_cast<void**>(&stream)),
                 "asking the argument for its stream");
     Read(*stream);
     return S_OK;

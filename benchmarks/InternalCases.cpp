@@ -36,7 +36,8 @@ Prepared WalkInside(int64_t size)
                 std::size_t seen = 0;
                 const double seconds = Timed([&] {
                     uint64_t types = 0;
-                    for (CprpProperty* node = model.FirstTopLevel(); node; node = NextInWalk(*node)) {
+                    for (CprpProperty* node = model.TopLevel().First(); node;
+                         node = CprpPropertyCollection::NextInWalk(*node)) {
                         types += static_cast<uint64_t>(node->DataType());
                         ++seen;
                     }

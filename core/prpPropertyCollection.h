@@ -94,6 +94,8 @@ public:
     /// Called by a property that is given a rule: the end of a transaction evaluates it from now on.
     void NoteRule(CprpProperty& property) { m_Rules.Add(property); }
     const SiblingList<CprpProperty>& TopLevel() const noexcept { return m_listTopLevel; }
+    /// Successor in a depth-first walk over the whole tree; null at the end.
+    static CprpProperty* NextInWalk(CprpProperty& property);
 
     void QueueEvent(LONG id, EprpEventType type, bool visibilityChanged);
     void QueueDataEvent(LONG id, EprpEventType type, const ValueText& text, bool visibilityChanged);
@@ -110,8 +112,6 @@ private:
     static const Origin kOrigin;
 
     void RequireMainThread(CallSite at = CallSite::current()) const;
-    /// Successor in a depth-first walk over the whole tree; null at the end.
-    static CprpProperty* NextInWalk(CprpProperty& property);
 
     void ApplyVisibilityRules();
     CComPtr<IqorStream> TakeQueue();
