@@ -18,7 +18,7 @@ concept Integer32 = std::integral<T> && sizeof(T) == 4;
 
 class TextScanner {
 public:
-    explicit TextScanner(TextView text) : m_begin(text.data()), m_at(m_begin), m_end(m_begin + text.size()) {}
+    explicit TextScanner(TextView text) : m_at(text.data()), m_end(m_at + text.size()) {}
 
     /// "%x" and "%X": digits of either case behind an optional "0x". "0x" alone reads 0.
     template <Integer32 T>
@@ -62,7 +62,6 @@ private:
     template <class Float>
     bool ReadFloating(Float& value);
 
-    const OLECHAR* m_begin; ///< Four units from here on may be read at once while they end at or before m_end.
     const OLECHAR* m_at;
     const OLECHAR* m_end;
 };
