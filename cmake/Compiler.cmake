@@ -26,3 +26,8 @@ if(LV_SANITIZE)
   add_compile_options(-fsanitize=${LV_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${LV_SANITIZE})
 endif()
+if(LV_FUZZ)
+  # The libraries under test report their coverage to the fuzzer that is linked into the targets.
+  add_compile_options(-fsanitize=fuzzer-no-link)
+  add_link_options(-fsanitize=fuzzer-no-link)
+endif()
