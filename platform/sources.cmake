@@ -27,6 +27,8 @@ set(LV_PLATFORM_NATIVE_SOURCES
   system/native/SystemFacts.cpp)
 
 set(LV_PLATFORM_WINDOWS_SOURCES
+  atl/windows/ModuleRegistration.cpp
+  atl/windows/Registrar.cpp
   com/windows/EventWindow.cpp
   com/windows/PumpThreadQueue.cpp
   com/windows/SystemText.cpp
