@@ -1,0 +1,5 @@
+// The whole kit: everything that a host needs to hold a property collection.
+#pragma once
+
+#include <lumevor/Collection.h>
+#include <lumevor/Events.h>
