@@ -1,0 +1,255 @@
+// Transactions: the lock, the flag, the rules at the end, and what reaches the sinks on which thread.
+#include "platform/com/PumpThreadQueue.h"
+#include "tests/core/ModelFixture.h"
+
+#include <atomic>
+#include <chrono>
+#include <thread>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+namespace {
+
+class Transactions : public ModelTest {
+protected:
+    HRESULT TryFromAnotherThread(LONG timeout = 0)
+    {
+        HRESULT hr = E_FAIL;
+        std::thread([&] {
+            hr = collection->StartTransaction(timeout);
+            m_message = LastErrorMessage();
+            if (SUCCEEDED(hr))
+                EXPECT_EQ(collection->EndTransaction(VARIANT_FALSE), S_OK);
+        }).join();
+        return hr;
+    }
+    Text m_message;
+};
+
+} // namespace
+
+TEST_F(Transactions, OpenAndCloseForOneThreadAfterTheOther)
+{
+    InTransaction([] {});
+    EXPECT_EQ(TryFromAnotherThread(), S_OK);
+}
+
+TEST_F(Transactions, RefuseAThreadAtOnceThatOnlyPolls)
+{
+    ASSERT_EQ(collection->StartTransaction(-1), S_OK);
+    EXPECT_TRUE(FAILED(TryFromAnotherThread()));
+    EXPECT_EQ(m_message.substr(0, 45), OLESTR("Failed to start a transaction for the thread "));
+    EXPECT_NE(m_message.find(OLESTR(" due to a lock by thread ")), Text::npos);
+    LONG id = 0;
+    EXPECT_EQ(collection->GetCollectionID(&id), S_OK); // still open
+    ASSERT_EQ(collection->EndTransaction(VARIANT_FALSE), S_OK);
+}
+
+TEST_F(Transactions, WaitForALockAsLongAsTheyMay)
+{
+    ASSERT_EQ(collection->StartTransaction(-1), S_OK);
+    std::atomic<bool> waiting{false};
+    HRESULT hr = E_FAIL;
+    std::thread other([&] {
+        waiting = true;
+        hr = collection->StartTransaction(60'000);
+        if (SUCCEEDED(hr))
+            EXPECT_EQ(collection->EndTransaction(VARIANT_FALSE), S_OK);
+    });
+    while (!waiting)
+        std::this_thread::yield();
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    ASSERT_EQ(collection->EndTransaction(VARIANT_FALSE), S_OK);
+    other.join();
+    EXPECT_EQ(hr, S_OK);
+}
+
+TEST_F(Transactions, DoNotNestAndStayHeldOneLevelDeeperAfterTheAttempt)
+{
+    ASSERT_EQ(collection->StartTransaction(-1), S_OK);
+    ExpectRefusal(collection->StartTransaction(-1),
+                  OLESTR("A transaction is already in progress! Memory leaks may occur."));
+    LONG id = 0;
+    EXPECT_EQ(collection->GetCollectionID(&id), S_OK); // the first goes on
+    ASSERT_EQ(collection->EndTransaction(VARIANT_FALSE), S_OK);
+    ExpectNoTransaction(collection->GetCollectionID(&id));
+
+    EXPECT_TRUE(FAILED(TryFromAnotherThread()));
+    EXPECT_TRUE(m_message.ends_with(OLESTR(" due to a lock by thread 0"))) << "nobody has begun one";
+    ASSERT_EQ(collection->EndTransaction(VARIANT_FALSE), S_OK);
+    EXPECT_EQ(TryFromAnotherThread(), S_OK);
+}
+
+TEST_F(Transactions, AreEndedByAStrangerWithoutEffectOnTheLock)
+{
+    ASSERT_EQ(collection->StartTransaction(-1), S_OK);
+    std::thread([&] { EXPECT_EQ(collection->EndTransaction(VARIANT_FALSE), S_OK); }).join();
+    LONG id = 0;
+    ExpectNoTransaction(collection->GetCollectionID(&id)); // the flag is plain
+    EXPECT_TRUE(FAILED(TryFromAnotherThread()));           // the lock is not
+    ASSERT_EQ(collection->EndTransaction(VARIANT_FALSE), S_OK);
+    EXPECT_EQ(TryFromAnotherThread(), S_OK);
+}
+
+TEST_F(Transactions, EndQuietlyWhenNoneIsOpen)
+{
+    EXPECT_EQ(collection->EndTransaction(VARIANT_TRUE), S_OK);
+    EXPECT_THAT(sink->streams, IsEmpty());
+}
+
+TEST_F(Transactions, LetEveryThreadThroughTheFlagWhileOneRuns)
+{
+    ASSERT_EQ(collection->StartTransaction(-1), S_OK);
+    std::thread([&] {
+        LONG id = 0;
+        EXPECT_EQ(collection->GetCollectionID(&id), S_OK);
+    }).join();
+    ASSERT_EQ(collection->EndTransaction(VARIANT_FALSE), S_OK);
+}
+
+TEST_F(Transactions, WithoutChangesFireNothing)
+{
+    InTransaction([] {});
+    EXPECT_THAT(sink->streams, IsEmpty());
+}
+
+TEST_F(Transactions, HandTheChangesOverInOneCallPerSink)
+{
+    const auto property = Add(1, E_PROP_DT_LINEAR);
+    ConnectedSink second{collection};
+    InTransaction([&] {
+        SetDouble(property, 1.5);
+        SetDouble(property, 2.5);
+    });
+    EXPECT_THAT(sink->streams, SizeIs(1));
+    EXPECT_THAT(sink->Records(), ElementsAre(ValueEdit(1, OLESTR("0")), ValueEdit(1, OLESTR("1.5"))));
+    EXPECT_EQ(second->Records(), sink->Records());
+}
+
+TEST_F(Transactions, CallTheNextSinkAlthoughOneFails)
+{
+    const auto property = Add(1, E_PROP_DT_LINEAR);
+    ConnectedSink second{collection};
+    sink->answer = E_FAIL;
+    InTransaction([&] { SetDouble(property, 1.5); });
+    EXPECT_THAT(second->streams, SizeIs(1));
+}
+
+TEST_F(Transactions, DropTheirChangesWhenToldNotToFire)
+{
+    const auto property = Add(1, E_PROP_DT_LINEAR);
+    Transact(collection, [&] { SetDouble(property, 1.5); }, false);
+    InTransaction([] {});
+    EXPECT_THAT(sink->streams, IsEmpty());
+}
+
+TEST_F(Transactions, WriteTheCollectionsIdIntoEachRecord)
+{
+    const auto property = Add(1, E_PROP_DT_LINEAR);
+    InTransaction([&] {
+        EXPECT_EQ(collection->SetCollectionID(7), S_OK);
+        SetDouble(property, 1.5);
+    });
+    EXPECT_THAT(sink->Records(), ElementsAre(ValueEdit(1, OLESTR("0"), 7)));
+}
+
+TEST_F(Transactions, MayBeStartedBySinksWhichThenFireNested)
+{
+    const auto property = Add(1, E_PROP_DT_LINEAR);
+    int depth = 0;
+    sink->onStream = [&](IqorStream*) {
+        if (++depth == 1)
+            Transact(collection, [&] { SetDouble(property, 9); });
+    };
+    InTransaction([&] { SetDouble(property, 1.5); });
+    EXPECT_THAT(sink->Records(), ElementsAre(ValueEdit(1, OLESTR("0")), ValueEdit(1, OLESTR("1.5"))));
+    EXPECT_EQ(TryFromAnotherThread(), S_OK);
+}
+
+TEST_F(Transactions, FireOnTheMainThreadWithTheLockStillHeld)
+{
+    const auto property = Add(1, E_PROP_DT_LINEAR);
+    HRESULT other = S_OK;
+    sink->onStream = [&](IqorStream*) { other = TryFromAnotherThread(); };
+    InTransaction([&] { SetDouble(property, 1.5); });
+    EXPECT_TRUE(FAILED(other));
+}
+
+TEST_F(Transactions, SurviveASinkThatReleasesTheCollection)
+{
+    const auto property = Add(1, E_PROP_DT_LINEAR);
+    IqorPropertyCollection* raw = collection;
+    sink->onStream = [&](IqorStream*) { collection.Release(); };
+    ASSERT_EQ(raw->StartTransaction(-1), S_OK);
+    SetDouble(property, 1.5);
+    EXPECT_EQ(raw->EndTransaction(VARIANT_TRUE), S_OK);
+    EXPECT_THAT(sink->streams, SizeIs(1));
+}
+
+TEST_F(Transactions, OfAWorkerArriveOnTheRegisteringThreadInOrder)
+{
+    const auto property = Add(1, E_PROP_DT_LINEAR);
+    std::thread([&] {
+        for (double value = 1; value < 4; ++value)
+            Transact(collection, [&] { SetDouble(property, value); });
+    }).join();
+    EXPECT_THAT(sink->streams, IsEmpty());
+    PumpThreadQueue(0);
+    EXPECT_THAT(sink->Records(), ElementsAre(ValueEdit(1, OLESTR("0")), ValueEdit(1, OLESTR("1")),
+                                             ValueEdit(1, OLESTR("2"))));
+    EXPECT_THAT(sink->threads, testing::Each(std::this_thread::get_id()));
+}
+
+TEST_F(Transactions, OfAWorkerKeepTheCollectionAliveUntilTheyArrive)
+{
+    const auto property = Add(1, E_PROP_DT_LINEAR);
+    std::thread([&] { Transact(collection, [&] { SetDouble(property, 5); }); }).join();
+    collection.Release();
+    PumpThreadQueue(0);
+    EXPECT_THAT(sink->streams, SizeIs(1));
+}
+
+TEST_F(Transactions, OfAWorkerGoToTheHelperOfTheCollectionsOwnNumber)
+{
+    const GUID number{0x1234567, 1, 2, {3, 4, 5, 6, 7, 8, 9, 10}};
+    EXPECT_EQ(collection->SetUniqueNumber(number), S_OK);
+    const auto property = Add(1, E_PROP_DT_LINEAR);
+    std::thread([&] { Transact(collection, [&] { SetDouble(property, 5); }); }).join();
+    PumpThreadQueue(0);
+    EXPECT_THAT(sink->streams, SizeIs(1));
+}
+
+TEST_F(Transactions, ContendFourAtATimeWithoutLosingAChange)
+{
+    const auto property = Add(1, E_PROP_DT_LONG);
+    constexpr int kThreads = 4;
+    constexpr int kRounds = 500;
+    std::atomic<int> done{0};
+    std::vector<std::thread> threads;
+    for (int thread = 0; thread < kThreads; ++thread)
+        threads.emplace_back([&] {
+            for (int round = 0; round < kRounds;) {
+                if (FAILED(collection->StartTransaction(5)))
+                    continue;
+                SetLong(property, LongOf(property) + 1);
+                EXPECT_EQ(collection->EndTransaction(VARIANT_TRUE), S_OK);
+                ++round;
+                ++done;
+            }
+        });
+    for (auto& thread : threads)
+        thread.join();
+    PumpThreadQueue(0);
+    InTransaction([&] { EXPECT_EQ(LongOf(property), kThreads * kRounds); });
+    EXPECT_EQ(done, kThreads * kRounds);
+
+    // Every change arrived, each record with the value that the one before it left.
+    const auto records = sink->Records();
+    ASSERT_THAT(records, SizeIs(kThreads * kRounds));
+    for (int i = 0; i < kThreads * kRounds; ++i) {
+        const std::string expected = std::to_string(i);
+        ASSERT_EQ(records[static_cast<std::size_t>(i)].oldText, Text(expected.begin(), expected.end()));
+    }
+}
