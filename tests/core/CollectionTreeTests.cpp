@@ -1,12 +1,16 @@
 // The tree of a collection: adding, removing, finding and walking.
 #include "tests/core/ModelFixture.h"
 
+#include <bit>
 #include <thread>
 
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
+
+/// A type that no enumerator has and that a late caller may hand in all the same.
+const auto kNegativeType = std::bit_cast<EprpPropDataType>(-1);
 
 struct NextFound {
     LONG id = 77;
@@ -213,11 +217,11 @@ TEST_F(CollectionTree, NamesTheParameterOfAnUnknownParent)
 
 TEST_F(CollectionTree, ChecksTransactionThenIdThenSignsThenParentOfAnAddition)
 {
-    const NewProperty wrong{.id = 0, .type = static_cast<EprpPropDataType>(-1), .parent = 7};
+    const NewProperty wrong{.id = 0, .type = kNegativeType, .parent = 7};
     ExpectNoTransaction(AddTo(collection, wrong));
     InTransaction([&] {
         ExpectInvalidId(AddTo(collection, wrong));
-        ExpectNegative(AddTo(collection, {.id = 1, .type = static_cast<EprpPropDataType>(-1), .parent = 7}));
+        ExpectNegative(AddTo(collection, {.id = 1, .type = kNegativeType, .parent = 7}));
         ExpectNegative(AddTo(collection, {.id = 1, .nameResID = -2}));
         ExpectNegative(AddTo(collection, {.id = 1, .linked = -1}));
         ExpectNegative(AddTo(collection, {.id = 1, .module = -1}));

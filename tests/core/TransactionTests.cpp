@@ -12,16 +12,35 @@ using testing::SizeIs;
 
 namespace {
 
+/// A thread in an apartment of its own, as one must be that ends transactions.
+class Worker {
+public:
+    template <class Body>
+    explicit Worker(Body body)
+        : m_thread([body] {
+              EXPECT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
+              body();
+              CoUninitialize();
+          })
+    {
+    }
+    void join() { m_thread.join(); }
+
+private:
+    std::thread m_thread;
+};
+
 class Transactions : public ModelTest {
 protected:
     HRESULT TryFromAnotherThread(LONG timeout = 0)
     {
         HRESULT hr = E_FAIL;
-        std::thread([&] {
+        Worker([&] {
             hr = collection->StartTransaction(timeout);
             m_message = LastErrorMessage();
-            if (SUCCEEDED(hr))
+            if (SUCCEEDED(hr)) {
                 EXPECT_EQ(collection->EndTransaction(VARIANT_FALSE), S_OK);
+            }
         }).join();
         return hr;
     }
@@ -52,11 +71,12 @@ TEST_F(Transactions, WaitForALockAsLongAsTheyMay)
     ASSERT_EQ(collection->StartTransaction(-1), S_OK);
     std::atomic<bool> waiting{false};
     HRESULT hr = E_FAIL;
-    std::thread other([&] {
+    Worker other([&] {
         waiting = true;
         hr = collection->StartTransaction(60'000);
-        if (SUCCEEDED(hr))
+        if (SUCCEEDED(hr)) {
             EXPECT_EQ(collection->EndTransaction(VARIANT_FALSE), S_OK);
+        }
     });
     while (!waiting)
         std::this_thread::yield();
@@ -85,7 +105,7 @@ TEST_F(Transactions, DoNotNestAndStayHeldOneLevelDeeperAfterTheAttempt)
 TEST_F(Transactions, AreEndedByAStrangerWithoutEffectOnTheLock)
 {
     ASSERT_EQ(collection->StartTransaction(-1), S_OK);
-    std::thread([&] { EXPECT_EQ(collection->EndTransaction(VARIANT_FALSE), S_OK); }).join();
+    Worker([&] { EXPECT_EQ(collection->EndTransaction(VARIANT_FALSE), S_OK); }).join();
     LONG id = 0;
     ExpectNoTransaction(collection->GetCollectionID(&id)); // the flag is plain
     EXPECT_TRUE(FAILED(TryFromAnotherThread()));           // the lock is not
@@ -102,7 +122,7 @@ TEST_F(Transactions, EndQuietlyWhenNoneIsOpen)
 TEST_F(Transactions, LetEveryThreadThroughTheFlagWhileOneRuns)
 {
     ASSERT_EQ(collection->StartTransaction(-1), S_OK);
-    std::thread([&] {
+    Worker([&] {
         LONG id = 0;
         EXPECT_EQ(collection->GetCollectionID(&id), S_OK);
     }).join();
@@ -191,7 +211,7 @@ TEST_F(Transactions, SurviveASinkThatReleasesTheCollection)
 TEST_F(Transactions, OfAWorkerArriveOnTheRegisteringThreadInOrder)
 {
     const auto property = Add(1, E_PROP_DT_LINEAR);
-    std::thread([&] {
+    Worker([&] {
         for (double value = 1; value < 4; ++value)
             Transact(collection, [&] { SetDouble(property, value); });
     }).join();
@@ -205,7 +225,7 @@ TEST_F(Transactions, OfAWorkerArriveOnTheRegisteringThreadInOrder)
 TEST_F(Transactions, OfAWorkerKeepTheCollectionAliveUntilTheyArrive)
 {
     const auto property = Add(1, E_PROP_DT_LINEAR);
-    std::thread([&] { Transact(collection, [&] { SetDouble(property, 5); }); }).join();
+    Worker([&] { Transact(collection, [&] { SetDouble(property, 5); }); }).join();
     collection.Release();
     PumpThreadQueue(0);
     EXPECT_THAT(sink->streams, SizeIs(1));
@@ -216,7 +236,7 @@ TEST_F(Transactions, OfAWorkerGoToTheHelperOfTheCollectionsOwnNumber)
     const GUID number{0x1234567, 1, 2, {3, 4, 5, 6, 7, 8, 9, 10}};
     EXPECT_EQ(collection->SetUniqueNumber(number), S_OK);
     const auto property = Add(1, E_PROP_DT_LINEAR);
-    std::thread([&] { Transact(collection, [&] { SetDouble(property, 5); }); }).join();
+    Worker([&] { Transact(collection, [&] { SetDouble(property, 5); }); }).join();
     PumpThreadQueue(0);
     EXPECT_THAT(sink->streams, SizeIs(1));
 }
@@ -227,7 +247,7 @@ TEST_F(Transactions, ContendFourAtATimeWithoutLosingAChange)
     constexpr int kThreads = 4;
     constexpr int kRounds = 500;
     std::atomic<int> done{0};
-    std::vector<std::thread> threads;
+    std::vector<Worker> threads;
     for (int thread = 0; thread < kThreads; ++thread)
         threads.emplace_back([&] {
             for (int round = 0; round < kRounds;) {
