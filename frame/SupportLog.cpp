@@ -13,8 +13,8 @@ namespace {
 constexpr const OLECHAR* kLogName = OLESTR("ProductSupportErrorLog.txt");
 
 /// Content is kept and the file made when it is missing.
-constexpr UINT kAppend = CStdioFile::modeWrite | CStdioFile::modeCreate | CStdioFile::modeNoTruncate |
-                         CStdioFile::typeText;
+constexpr UINT kAppend =
+    CStdioFile::modeWrite | CStdioFile::modeCreate | CStdioFile::modeNoTruncate | CStdioFile::typeText;
 
 /// Longest time text, its terminator included.
 constexpr std::size_t kTimeUnits = 128;

@@ -12,7 +12,7 @@ inline constexpr LONG kCodePageUtf8 = 65001;
 
 inline constexpr LONG kStreamCodePages[] = {kCodePageSystem, kCodePageUtf16, kCodePageWindows1252, kCodePageUtf8};
 
-/// Appends `text` to `out`. A unit that the code page lacks becomes "?", a lone surrogate in UTF-8 U+FFFD.
+/// Appends `text` to `out`. A character that the code page lacks becomes "?", a lone surrogate in UTF-8 U+FFFD.
 void EncodeText(TextView text, LONG codePage, ByteBuffer& out);
 
 /// Appends the text of `bytes` to `text`. Bytes that are no character become U+FFFD; half a 16-bit unit at the end is

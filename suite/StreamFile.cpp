@@ -1,19 +1,22 @@
 #include "suite/StreamFile.h"
 
+#include "platform/mfc/FileException.h"
 #include "suite/CodePages.h"
 #include "suite/StreamStorage.h"
 
-#include <optional>
+#include <filesystem>
 #include <system_error>
 
 namespace fs = std::filesystem;
 
 namespace {
 
-/// Why a file that exists can't be opened like this, as far as that is known beforehand.
+/// Why a file can't be opened like this, as far as that is known beforehand.
 EStreamError Refusal(const fs::file_status& status, bool readOnly)
 {
     constexpr fs::perms kAnyWrite = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    if (!fs::exists(status))
+        return E_STREAM_ERROR_NONE;
     if (!fs::is_regular_file(status))
         return E_STREAM_ERROR_FILE_ACCESS_PERMISSIONS;
     // The file's own mark counts for everybody, also for an account that the system would let through.
@@ -22,16 +25,20 @@ EStreamError Refusal(const fs::file_status& status, bool readOnly)
     return E_STREAM_ERROR_NONE;
 }
 
-/// Nothing when the name is no text that the file system can take.
-std::optional<fs::path> PathOf(TextView name)
+EStreamError RefusalOf(TextView name, bool readOnly)
 {
     if (name.empty() || name.find(OLECHAR{0}) != name.npos)
-        return {};
+        return E_STREAM_ERROR_UNKNOWN_ERROR;
     try {
-        return fs::path(name);
+        return Refusal(fs::status(fs::path(name)), readOnly);
     } catch (const std::system_error&) {
-        return {};
+        return E_STREAM_ERROR_UNKNOWN_ERROR; // no text that a file name may be, or no answer from the file system
     }
+}
+
+FileRequest RequestOf(bool readOnly, bool truncate)
+{
+    return {.read = true, .write = !readOnly, .create = !readOnly, .truncate = truncate};
 }
 
 } // namespace
@@ -40,29 +47,16 @@ std::unique_ptr<StreamFile> StreamFile::Open(TextView name, EStreamOpenOptions o
                                              ByteBuffer& content, EStreamError& error)
 {
     const bool truncate = options == E_STREAM_OPEN_TRUNCATE;
-    if (truncate && readOnly) {
-        error = E_STREAM_ERROR_OPEN_FILE_READ_ONLY;
-        return nullptr;
-    }
-    std::optional<fs::path> path = PathOf(name);
-    if (!path) {
-        error = E_STREAM_ERROR_UNKNOWN_ERROR;
-        return nullptr;
-    }
-    std::error_code ignored;
-    const fs::file_status status = fs::status(*path, ignored);
-    const bool exists = fs::exists(status);
-    error = exists ? Refusal(status, readOnly) : E_STREAM_ERROR_NONE;
+    error = truncate && readOnly ? E_STREAM_ERROR_OPEN_FILE_READ_ONLY : RefusalOf(name, readOnly);
     if (error != E_STREAM_ERROR_NONE)
         return nullptr;
 
     auto file = std::make_unique<StreamFile>();
-    file->m_path = std::move(*path);
+    file->m_name = name;
     file->m_readOnly = readOnly;
-    const auto how = readOnly              ? std::ios::in
-                     : truncate || !exists ? std::ios::in | std::ios::out | std::ios::trunc
-                                           : std::ios::in | std::ios::out;
-    if (!file->Reopen(how)) {
+    try {
+        file->m_file = FileHandle(file->m_name, RequestOf(readOnly, truncate));
+    } catch (const CFileException&) {
         error = E_STREAM_ERROR_FILE_ACCESS_PERMISSIONS;
         return nullptr;
     }
@@ -73,29 +67,22 @@ std::unique_ptr<StreamFile> StreamFile::Open(TextView name, EStreamOpenOptions o
     return file;
 }
 
-bool StreamFile::Reopen(std::ios::openmode how)
-{
-    if (m_file.is_open())
-        m_file.close();
-    m_file.clear();
-    m_file.open(m_path, how | std::ios::binary);
-    return m_file.is_open();
-}
-
 bool StreamFile::ReadAll(ByteBuffer& content)
 {
-    m_file.seekg(0, std::ios::end);
-    const std::streamoff size = m_file.tellg();
-    if (size < 0 || static_cast<std::uintmax_t>(size) > StreamStorage::kMaxBytes)
+    try {
+        m_length = m_file.Length();
+        if (m_length > StreamStorage::kMaxBytes)
+            return false;
+        content.Clear(0);
+        const auto size = static_cast<std::size_t>(m_length);
+        if (size != 0 && m_file.ReadAt(0, content.Extend(size), size) != size)
+            return false;
+    } catch (const CFileException&) {
         return false;
-    content.Clear(0);
-    m_file.seekg(0);
-    if (size > 0)
-        m_file.read(reinterpret_cast<char*>(content.Extend(static_cast<std::size_t>(size))), size);
+    }
     m_written = content.Size();
-    m_empty = content.Size() == 0;
-    m_hasContent = !m_empty;
-    return m_file.good();
+    m_hasContent = m_written != 0;
+    return true;
 }
 
 LONG StreamFile::TakeMark(ByteBuffer& content)
@@ -121,31 +108,34 @@ bool StreamFile::Write(ByteView content, ByteView mark)
 {
     if (m_readOnly || (!m_rewrite && content.size() == m_written))
         return true;
-    if (m_rewrite) {
-        // A file can be cut only by beginning anew.
-        if (!Reopen(std::ios::in | std::ios::out | std::ios::trunc))
-            return false;
-        m_rewrite = false;
-        m_empty = true;
-        m_written = 0;
-    }
-    if (!m_hasContent)
-        m_mark = mark;
-    const auto put = [this](ByteView bytes) {
-        m_file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    };
-    m_file.clear();
-    m_file.seekp(0, std::ios::end);
-    if (m_empty && !content.empty())
-        put(m_mark);
-    put(content.subspan(m_written));
-    m_file.flush();
-    if (!m_file) {
+    try {
+        WriteAll(content, mark);
+    } catch (const CFileException&) {
         m_rewrite = true; // nobody knows how much of it arrived
         return false;
     }
-    m_written = content.size();
-    m_empty = m_empty && content.empty();
-    m_hasContent = !content.empty();
     return true;
+}
+
+void StreamFile::WriteAll(ByteView content, ByteView mark)
+{
+    if (m_rewrite) {
+        // A file can be cut only by beginning anew.
+        m_file.Close();
+        m_file = FileHandle(m_name, RequestOf(false, true));
+        m_rewrite = false;
+        m_length = 0;
+        m_written = 0;
+    }
+    const auto put = [this](ByteView bytes) {
+        m_file.WriteAt(m_length, bytes.data(), bytes.size());
+        m_length += bytes.size();
+    };
+    if (!m_hasContent)
+        m_mark = mark;
+    if (m_length == 0 && !content.empty())
+        put(m_mark);
+    put(content.subspan(m_written));
+    m_written = content.size();
+    m_hasContent = !content.empty();
 }

@@ -4,10 +4,9 @@
 
 #include "LV_prpPropCollection.h"
 #include "platform/com/Ole.h"
+#include "platform/mfc/FileHandle.h"
 #include "suite/ByteBuffer.h"
 
-#include <filesystem>
-#include <fstream>
 #include <memory>
 
 class StreamFile {
@@ -36,15 +35,15 @@ public:
     bool Write(ByteView content, ByteView mark);
 
 private:
-    bool Reopen(std::ios::openmode how);
     bool ReadAll(ByteBuffer& content);
+    void WriteAll(ByteView content, ByteView mark);
 
-    std::filesystem::path m_path;
-    std::fstream m_file;
+    Text m_name;
+    FileHandle m_file;
     bool m_readOnly = false;
     bool m_rewrite = false;
-    bool m_empty = true;       // nothing in the file, not even a mark
     bool m_hasContent = false; // so m_mark is settled
     ByteView m_mark;
+    uint64_t m_length = 0; // of the file, its mark included
     std::size_t m_written = 0;
 };
