@@ -20,6 +20,7 @@ protected:
     BOOL Open(UINT flags) { return file.Open(name.c_str(), flags, &error); }
     void Put(std::string_view bytes)
     {
+        file.Close();
         std::ofstream out(path, std::ios::binary);
         out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
         ASSERT_TRUE(out.good());
