@@ -55,6 +55,8 @@ double RoundTo(double value, int decimals)
 
 bool IsGreaterAt(double a, double b, int decimals)
 {
+    if (!(a > b)) // Rounding keeps the order, so what is not greater is not greater when rounded. Nor is a NaN.
+        return false;
     return RoundTo(a, decimals) - RoundTo(b, decimals) > HalfStep(decimals);
 }
 
@@ -80,7 +82,5 @@ double ClampToLimit(double value, double limit, bool imperial)
 
 double ClampToCeiling(double value, int decimals)
 {
-    if (!(value > kValueLimit)) // Rounding keeps the order, so nothing below can be greater when rounded.
-        return value;
     return IsGreaterAt(value, kValueLimit, decimals) ? kValueLimit : value;
 }

@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
 #include <limits>
+#include <random>
 
 namespace {
 
@@ -156,11 +158,21 @@ TEST(NumberRules, AValueLessThanHalfAStepAboveTheCeilingStays)
     EXPECT_EQ(ClampToCeiling(next, 4), 1e14);
 }
 
-TEST(NumberRules, TheCeilingDecidesAsTheComparisonWould)
+TEST(NumberRules, GreaterIsDecidedByTheRoundedNumbersAlone)
 {
-    double value = 1e14;
-    for (int step = 0; step < 1000; ++step, value = std::nextafter(value, 0.0))
-        ASSERT_FALSE(IsGreaterAt(value, kValueLimit, 4)) << step;
+    std::mt19937_64 random(1);
+    for (int count = 0; count < 200'000; ++count) {
+        const int decimals = static_cast<int>(random() % 21);
+        const double step = Power(10, -decimals);
+        // Every bit pattern without a sign, NaN among them, or a few halves of the last step.
+        const double a =
+            random() & 1 ? std::bit_cast<double>(random() >> 1) : static_cast<double>(random() % 1'000'000) * step / 2;
+        const double b = random() & 1 ? a + step * static_cast<double>(random() % 5) / 4 - step / 2 : a * 0.999;
+        for (const double sign : {1.0, -1.0}) {
+            const bool greater = RoundTo(sign * a, decimals) - RoundTo(sign * b, decimals) > step / 2;
+            ASSERT_EQ(IsGreaterAt(sign * a, sign * b, decimals), greater) << a << ' ' << b << ' ' << decimals;
+        }
+    }
 }
 
 } // namespace
