@@ -162,15 +162,16 @@ bool ConnectionPoint::HasSinks() const
     return std::any_of(m_slots.begin(), m_slots.end(), [](const auto& s) { return s.p != nullptr; });
 }
 
-std::vector<CComPtr<IDispatch>> ConnectionPoint::Sinks() const
+std::size_t ConnectionPoint::SlotCount() const
 {
-    std::vector<CComPtr<IDispatch>> living;
     const std::lock_guard guard(m_mutex);
-    living.reserve(m_slots.size());
-    for (const auto& slot : m_slots)
-        if (slot.p)
-            living.push_back(slot);
-    return living;
+    return m_slots.size();
+}
+
+CComPtr<IDispatch> ConnectionPoint::SinkAt(std::size_t slot) const
+{
+    const std::lock_guard guard(m_mutex);
+    return slot < m_slots.size() ? m_slots[slot] : nullptr;
 }
 
 void ConnectionPoint::DropSinks()
@@ -183,7 +184,11 @@ void ConnectionPoint::DropSinks()
 HRESULT ConnectionPoint::Fire(DISPID id, VARIANT* reversedArguments, UINT count) const
 {
     HRESULT last = S_OK;
-    for (const auto& sink : Sinks()) {
+    const std::size_t slots = SlotCount();
+    for (std::size_t slot = 0; slot < slots; ++slot) {
+        const CComPtr<IDispatch> sink = SinkAt(slot); // a reference for the time of the call
+        if (!sink)
+            continue;
         DISPPARAMS params{reversedArguments, nullptr, count, 0};
         last = sink->Invoke(id, IID_NULL, kUserDefaultLocale, DISPATCH_METHOD, &params, nullptr, nullptr, nullptr);
     }

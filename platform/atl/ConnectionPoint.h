@@ -1,6 +1,6 @@
 // Connection points: the sinks of one event interface and the container that answers for them.
-// A firing class derives from ConnectionPoint, keeps itself as a member of the component, and walks a snapshot
-// of the sinks, so that a sink may advise or unadvise while it is being called.
+// A firing class derives from ConnectionPoint and keeps itself as a member of the component. A sink may advise and
+// unadvise while it is being called.
 #pragma once
 
 #include "platform/atl/ComPtr.h"
@@ -33,12 +33,12 @@ public:
 
     const IID& EventInterface() const noexcept { return m_iid; }
     bool HasSinks() const;
-    /// Living sinks in the order of their slots, one reference each.
-    std::vector<CComPtr<IDispatch>> Sinks() const;
     /// Drops all sinks; for the last step of the component's life.
     void DropSinks();
 
-    /// Calls one event of every sink: null IID, locale 1024, arguments in reverse order as the caller gives them.
+    /// Calls one event of every sink in the order of the slots: null IID, locale 1024, arguments in reverse order as
+    /// the caller gives them. Each slot is looked at when its turn comes: who has unadvised by then is not called any
+    /// more. A slot that is added meanwhile waits for the next event.
     /// @return the result of the last call; a failing sink does not stop the next one.
     HRESULT Fire(DISPID id, VARIANT* reversedArguments, UINT count) const;
 
@@ -46,6 +46,9 @@ protected:
     ~ConnectionPoint() = default;
 
 private:
+    std::size_t SlotCount() const;
+    CComPtr<IDispatch> SinkAt(std::size_t slot) const;
+
     IConnectionPointContainer& m_container;
     const IID m_iid;
     mutable std::mutex m_mutex;              // sinks come and go on other threads than the firing one
