@@ -23,6 +23,17 @@ void ArmReleaseAtThreadEnd()
     atEnd.Arm();
 }
 
+/// Kept out of line: the usual call of SetErrorInfo then needs no stack of its own.
+[[gnu::noinline]] void PutInSlot(IErrorInfo* pErrorInfo)
+{
+    if (pErrorInfo) {
+        ArmReleaseAtThreadEnd();
+        pErrorInfo->AddRef();
+    }
+    if (IErrorInfo* const old = std::exchange(t_pErrorInfo, pErrorInfo))
+        old->Release();
+}
+
 HRESULT Replace(BSTR& field, const OLECHAR* text)
 {
     BSTR const copy = SysAllocString(text);
@@ -124,14 +135,8 @@ HRESULT WINAPI SetErrorInfo(ULONG reserved, IErrorInfo* pErrorInfo)
 {
     if (reserved != 0)
         return E_INVALIDARG;
-    if (!pErrorInfo && !t_pErrorInfo) [[likely]]
-        return S_OK;
-    if (pErrorInfo) {
-        ArmReleaseAtThreadEnd();
-        pErrorInfo->AddRef();
-    }
-    if (IErrorInfo* const old = std::exchange(t_pErrorInfo, pErrorInfo))
-        old->Release();
+    if (pErrorInfo || t_pErrorInfo) [[unlikely]]
+        PutInSlot(pErrorInfo);
     return S_OK;
 }
 
