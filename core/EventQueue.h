@@ -1,10 +1,18 @@
-// The event stream of one collection: records of one transaction in the order of queueing, each value edit followed
+// The events of one collection since its last publication: records in the order of queueing, each value edit followed
 // by its old text. Owns the stream component until a transaction publishes it.
+//
+// Where the stream lets it, the events are gathered here and go onto the stream when it is handed over, old values
+// still as values: a transaction whose events nobody wants, or whose old texts nobody reads, never makes them. To any
+// other stream each event is written at once.
 #pragma once
 
 #include "LV_prpPropCollection.h"
+#include "LV_suiteStream.h"
 #include "core/ValueText.h"
 #include "platform/atl/ComPtr.h"
+
+#include <cstdint>
+#include <vector>
 
 /// Size of a record on the stream: no padding, little endian.
 inline constexpr LONG kEventRecordBytes = 20;
@@ -14,10 +22,16 @@ class EventQueue {
 public:
     /// Makes the first stream. The result of a failing step is for the creator of the collection.
     HRESULT Create();
-    void Release() { m_stream.Release(); }
+    void Release();
 
     /// Appends a record. Raises what the stream reports.
-    void Append(const SprpEventInfo& record);
+    void Append(const SprpEventInfo& record)
+    {
+        if (!m_direct) [[unlikely]]
+            return Write(record);
+        MakeRoom();
+        m_records.push_back(record);
+    }
     /// Appends a record of a value edit and the text that the value had.
     void Append(const SprpEventInfo& record, const ValueText& oldText);
 
@@ -29,5 +43,14 @@ public:
 private:
     static HRESULT MakeStream(CComPtr<IqorStream>& stream);
 
+    void Write(const SprpEventInfo& record);
+    void MakeRoom() const;
+    void Flush();
+    void Forget();
+
     CComPtr<IqorStream> m_stream;
+    CComPtr<IqorStreamDirect> m_direct; ///< of m_stream; null when that is somebody else's
+    std::vector<SprpEventInfo> m_records;
+    std::vector<SqorDeferredText> m_texts; ///< places in m_records, values in m_values, both in bytes
+    std::vector<uint64_t> m_values;
 };

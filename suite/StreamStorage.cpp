@@ -99,6 +99,23 @@ void StreamStorage::AddPending(ByteView value)
     ++m_items;
 }
 
+void StreamStorage::AddBatch(ByteView bytes, std::uint32_t items, ByteView values,
+                             std::span<const SqorDeferredText> texts)
+{
+    CheckRoom(bytes.size());
+    if (values.size() > kMaxBytes - m_values.Size())
+        throw std::length_error("stream content");
+    const auto at = static_cast<std::uint32_t>(m_bytes.Size());
+    const auto value = static_cast<std::uint32_t>(m_values.Size());
+    const auto source = static_cast<std::uint32_t>(m_sources.size() - 1);
+    m_pending.reserve(m_pending.size() + texts.size());
+    for (const SqorDeferredText& text : texts)
+        m_pending.push_back({at + text.Offset, value + text.Value, text.ValueBytes, source});
+    m_values.Append(values);
+    m_bytes.Append(bytes);
+    m_items += items + texts.size();
+}
+
 TextView StreamStorage::Render(const Pending& pending, Text& scratch) const
 {
     return m_sources[pending.source].source->TextOf(m_values.View().subspan(pending.value, pending.valueBytes),

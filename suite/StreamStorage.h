@@ -11,10 +11,12 @@
 #pragma once
 
 #include "LV_prpPropCollection.h"
+#include "LV_suiteStream.h"
 #include "platform/com/Ole.h"
 #include "suite/ByteBuffer.h"
 
 #include <memory>
+#include <span>
 #include <vector>
 
 /// Makes the characters of pending texts. The same value gives the same text at any time.
@@ -51,9 +53,16 @@ public:
     template <class Make>
     void AppendPending(const void* identity, ByteView value, Make make)
     {
-        if (m_sources.empty() || m_sources.back().identity != identity)
-            m_sources.push_back({identity, make()});
+        UseSource(identity, make);
         AddPending(value);
+    }
+    /// Bytes of several items with pending texts between them. Binary modes only; places and values must lie within.
+    template <class Make>
+    void AppendBatch(ByteView bytes, std::uint32_t items, ByteView values, std::span<const SqorDeferredText> texts,
+                     const void* identity, Make make)
+    {
+        UseSource(identity, make);
+        AddBatch(bytes, items, values, texts);
     }
 
     /// Gives what is left, up to `bytes`; END_OF_FILE only when nothing is.
@@ -94,7 +103,14 @@ private:
         std::uint32_t source;
     };
 
+    template <class Make>
+    void UseSource(const void* identity, Make& make)
+    {
+        if (m_sources.empty() || m_sources.back().identity != identity)
+            m_sources.push_back({identity, make()});
+    }
     void AddPending(ByteView value);
+    void AddBatch(ByteView bytes, std::uint32_t items, ByteView values, std::span<const SqorDeferredText> texts);
     void CheckRoom(std::size_t bytes) const;
     bool IsText() const { return m_mode == E_STREAM_MODE_TEXT; }
     bool AtEnd() const { return m_position == m_bytes.Size() && m_nextPending == m_pending.size(); }

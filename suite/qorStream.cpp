@@ -49,6 +49,18 @@ void RequireOneOf(const Checks& require, Value value, const Value (&known)[Count
         ThrowFormatted(at, kUnknownValueText, parameter, require.method, static_cast<LONG>(value));
 }
 
+/// Whether the places of the texts ascend within the bytes and their values lie within the values.
+bool LieWithin(std::span<const SqorDeferredText> texts, std::size_t bytes, std::size_t values)
+{
+    std::size_t from = 0;
+    for (const SqorDeferredText& text : texts) {
+        if (text.Offset < from || text.Offset > bytes || text.Value > values || text.ValueBytes > values - text.Value)
+            return false;
+        from = text.Offset;
+    }
+    return true;
+}
+
 constexpr EStreamMode kModes[] = {E_STREAM_MODE_NOT_SET, E_STREAM_MODE_TEXT, E_STREAM_MODE_BINARY};
 constexpr EStreamOrigin kOrigins[] = {E_STREAM_ORIGIN_START, E_STREAM_ORIGIN_CURRENT, E_STREAM_ORIGIN_END};
 constexpr EStreamOpenOptions kOpenOptions[] = {E_STREAM_OPEN_APPEND, E_STREAM_OPEN_TRUNCATE};
@@ -487,6 +499,40 @@ STDMETHODIMP CqorStream::AppendDeferredText(const unsigned char* pValue, LONG nV
                 Text scratch;
                 m_content.AppendString(RenderedText(pIRenderer).TextOf(value, scratch), true);
             }
+        });
+        return S_OK;
+    });
+}
+
+STDMETHODIMP CqorStream::AppendBatch(const void* pData, LONG nBytes, LONG nItems, const unsigned char* pValues,
+                                     LONG nValueBytes, const SqorDeferredText* pTexts, LONG nTextCount,
+                                     IqorTextRenderer* pIRenderer)
+{
+    if ((!pData && nBytes != 0) || (!pValues && nValueBytes != 0) || (!pTexts && nTextCount != 0) || !pIRenderer)
+        return E_POINTER;
+    if (nBytes < 0 || nItems < 0 || nValueBytes < 0 || nTextCount < 0)
+        return E_INVALIDARG;
+    const ByteView bytes = BytesOf(pData, nBytes);
+    const ByteView values = BytesOf(pValues, nValueBytes);
+    const std::span texts(pTexts, static_cast<std::size_t>(nTextCount));
+    if (!LieWithin(texts, bytes.size(), values.size()))
+        return E_INVALIDARG;
+    return Direct([&] {
+        ChangeContent([&] {
+            if (MayDefer()) {
+                m_content.AppendBatch(bytes, static_cast<std::uint32_t>(nItems), values, texts, pIRenderer,
+                                      [&] { return std::make_unique<RenderedText>(pIRenderer); });
+                return;
+            }
+            const RenderedText source(pIRenderer);
+            Text scratch;
+            std::size_t from = 0;
+            for (const SqorDeferredText& text : texts) {
+                m_content.Append(bytes.subspan(from, text.Offset - from), 0);
+                m_content.AppendString(source.TextOf(values.subspan(text.Value, text.ValueBytes), scratch), true);
+                from = text.Offset;
+            }
+            m_content.Append(bytes.subspan(from), static_cast<std::uint32_t>(nItems));
         });
         return S_OK;
     });

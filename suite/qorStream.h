@@ -119,6 +119,9 @@ public:
     STDMETHODIMP AppendItems(const void* pData, LONG nBytes, LONG nItems) override;
     STDMETHODIMP AppendDeferredText(const unsigned char* pValue, LONG nValueBytes,
                                     IqorTextRenderer* pIRenderer) override;
+    STDMETHODIMP AppendBatch(const void* pData, LONG nBytes, LONG nItems, const unsigned char* pValues,
+                             LONG nValueBytes, const SqorDeferredText* pTexts, LONG nTextCount,
+                             IqorTextRenderer* pIRenderer) override;
     STDMETHODIMP AdoptText(IqorTextOwner* pIOwner) override;
     STDMETHODIMP PeekString(const OLECHAR** ppText, LONG* pnLength) override;
     STDMETHODIMP SkipString() override;

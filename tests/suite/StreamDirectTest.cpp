@@ -143,6 +143,67 @@ TEST_F(DirectStream, EveryWayOfWritingATextGivesTheSameStream)
     EXPECT_EQ(Position(), plain.Size());
 }
 
+TEST_F(DirectStream, ABatchReadsLikeItsItemsAndTextsOneByOne)
+{
+    const unsigned char bytes[] = {1, 2, 3, 4, 5};
+    const LONG values[] = {3, 70, 0};
+    const SqorDeferredText texts[] = {{0, 0, 4}, {2, 4, 4}, {2, 8, 4}, {5, 0, 4}};
+    for (const EStreamMode mode : {E_STREAM_MODE_BINARY, E_STREAM_MODE_TEXT}) {
+        Clear();
+        SetMode(mode);
+        EXPECT_EQ(direct->AppendBatch(bytes, 5, 2, reinterpret_cast<const unsigned char*>(values), sizeof values, texts,
+                                      4, renderer),
+                  S_OK);
+        StreamUser plain;
+        plain.SetMode(mode);
+        plain.WriteString(LettersOf(3));
+        plain.Write({1, 2});
+        plain.WriteString(LettersOf(70));
+        plain.WriteString({});
+        plain.Write({3, 4, 5});
+        plain.WriteString(LettersOf(3));
+        EXPECT_EQ(Items(), plain.Items());
+        EXPECT_EQ(Content(), plain.Content());
+    }
+}
+
+TEST_F(DirectStream, ABatchGoesBehindWhatIsThere)
+{
+    const unsigned char bytes[] = {7, 8};
+    const LONG values[] = {2, 1};
+    const SqorDeferredText texts[] = {{1, 4, 4}};
+    AppendItems({1}, 1);
+    AppendDeferred(3);
+    EXPECT_EQ(direct->AppendBatch(bytes, 2, 1, reinterpret_cast<const unsigned char*>(values), sizeof values, texts, 1,
+                                  renderer),
+              S_OK);
+    EXPECT_EQ(direct->AppendBatch(nullptr, 0, 0, nullptr, 0, nullptr, 0, renderer), S_OK);
+    EXPECT_EQ(Items(), 4);
+    EXPECT_THAT(Read(1), ElementsAre(1));
+    EXPECT_EQ(ReadString(), Line(OLESTR("abc")));
+    EXPECT_THAT(Read(1), ElementsAre(7));
+    EXPECT_EQ(ReadString(), Line(OLESTR("a")));
+    EXPECT_THAT(Read(1), ElementsAre(8));
+}
+
+TEST_F(DirectStream, ABatchWithTextsOutsideIsRefusedWhole)
+{
+    const unsigned char bytes[] = {1, 2, 3};
+    const auto append = [&](std::vector<SqorDeferredText> texts) {
+        return direct->AppendBatch(bytes, 3, 1, bytes, 3, texts.data(), static_cast<LONG>(texts.size()), renderer);
+    };
+    EXPECT_EQ(append({{4, 0, 1}}), E_INVALIDARG);
+    EXPECT_EQ(append({{2, 0, 1}, {1, 0, 1}}), E_INVALIDARG);
+    EXPECT_EQ(append({{0, 4, 0}}), E_INVALIDARG);
+    EXPECT_EQ(append({{0, 3, 1}}), E_INVALIDARG);
+    EXPECT_EQ(append({{0, 1, 0xFFFFFFFF}}), E_INVALIDARG);
+    EXPECT_EQ(direct->AppendBatch(bytes, 3, 1, bytes, 3, nullptr, 1, renderer), E_POINTER);
+    EXPECT_EQ(direct->AppendBatch(bytes, 3, 1, bytes, 3, nullptr, 0, nullptr), E_POINTER);
+    EXPECT_EQ(direct->AppendBatch(bytes, -1, 1, bytes, 3, nullptr, 0, renderer), E_INVALIDARG);
+    EXPECT_EQ(Items(), 0);
+    EXPECT_EQ(Size(), 0);
+}
+
 TEST_F(DirectStream, EveryQuestionAboutBytesIsAnsweredAsIfTheTextsWereWritten)
 {
     const auto fill = [this] {
