@@ -1,11 +1,11 @@
 // What is refused, in which words, and what stays.
-#include "tests/suite/StreamFixture.h"
+#include "tests/suite/stream/StreamFixture.h"
 
 #include <cstring>
 
 namespace {
 
-class MisusedStream : public testing::Test, public StreamUser {
+class MisusedStream : public testing::Test, public NewStreamUser {
 protected:
     static Text NullText(TextView method, TextView parameter)
     {

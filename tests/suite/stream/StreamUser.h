@@ -1,10 +1,9 @@
-// A stream under test and the plain words in which tests use it.
+// The plain words in which tests use a stream, whoever made it.
 #pragma once
 
 #include "LV_prpPropCollection.h"
 #include "LV_suiteStream.h"
 #include "platform/atl/ComPtr.h"
-#include "suite/qorStream.h"
 
 #include <gmock/gmock.h>
 
@@ -24,20 +23,10 @@ struct ReadText {
     bool operator==(const ReadText&) const = default;
 };
 
-/// A new stream of the component class.
-inline CComPtr<IqorStream> NewStream()
-{
-    CComObject<CqorStream>* object = nullptr;
-    EXPECT_EQ(CComObject<CqorStream>::CreateInstance(&object), S_OK);
-    CComPtr<IqorStream> stream;
-    stream.Attach(object);
-    return stream;
-}
-
 /// One stream, called through its interface. Every call must succeed unless a test says otherwise.
 class StreamUser {
 public:
-    explicit StreamUser(CComPtr<IqorStream> target = NewStream()) : stream(std::move(target)) {}
+    explicit StreamUser(CComPtr<IqorStream> target) : stream(std::move(target)) {}
 
     void Write(const Bytes& bytes)
     {

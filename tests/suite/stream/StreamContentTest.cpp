@@ -1,5 +1,5 @@
 // Binary content: records and texts, items, positions, arrays.
-#include "tests/suite/StreamFixture.h"
+#include "tests/suite/stream/StreamFixture.h"
 
 #include <numeric>
 
@@ -8,7 +8,7 @@ using testing::IsEmpty;
 
 namespace {
 
-class BinaryStream : public testing::Test, public StreamUser {
+class BinaryStream : public testing::Test, public NewStreamUser {
 protected:
     BinaryStream() { SetMode(E_STREAM_MODE_BINARY); }
 };
@@ -75,7 +75,7 @@ TEST_F(BinaryStream, ANullTextIsAnEmptyOne)
 
 TEST(UnsetStream, WorksAsABinaryOne)
 {
-    StreamUser user;
+    NewStreamUser user;
     user.WriteString(OLESTR("one\r\ntwo"));
     EXPECT_EQ(user.ReadString(), Line(OLESTR("one\r\ntwo")));
     EXPECT_EQ(user.Mode(), E_STREAM_MODE_NOT_SET);
@@ -221,7 +221,7 @@ TEST_F(BinaryStream, AByteArrayCarriesAStreamToAnother)
     Write({1, 2});
     WriteString(OLESTR("carried"));
 
-    StreamUser other;
+    NewStreamUser other;
     EXPECT_EQ(other.Load(Content()), E_STREAM_ERROR_NONE);
     EXPECT_THAT(other.Read(2), ElementsAre(1, 2));
     EXPECT_EQ(other.ReadString(), Line(OLESTR("carried")));
@@ -360,7 +360,7 @@ TEST_F(BinaryStream, ReadingTextsFromAnyBytesComesToAnEnd)
 
 TEST_F(BinaryStream, AppendAddsContentAndItemsAndLeavesTheOthersPosition)
 {
-    StreamUser other;
+    NewStreamUser other;
     other.Write({3});
     other.WriteString(OLESTR("x"));
     other.Read(1);
@@ -383,7 +383,7 @@ TEST_F(BinaryStream, AStreamAppendedToItselfIsThereTwice)
 
 TEST_F(BinaryStream, AppendingAnEmptyStreamAddsNothing)
 {
-    StreamUser other;
+    NewStreamUser other;
     EXPECT_EQ(stream->Append(other.stream), S_OK);
     EXPECT_EQ(Items(), 0);
     EXPECT_EQ(Size(), 0);

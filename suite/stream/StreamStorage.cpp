@@ -1,4 +1,4 @@
-#include "suite/StreamStorage.h"
+#include "suite/stream/StreamStorage.h"
 
 #include "suite/CodePages.h"
 

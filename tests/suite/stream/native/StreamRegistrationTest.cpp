@@ -1,6 +1,6 @@
 // Natively the class is found in the process's class table.
 #include "idl/SuiteClasses.h"
-#include "tests/suite/StreamFixture.h"
+#include "tests/suite/stream/StreamFixture.h"
 
 namespace {
 

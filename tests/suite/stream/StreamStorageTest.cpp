@@ -1,5 +1,5 @@
 // The content rules by themselves, at the sizes and places where the interface can't look.
-#include "suite/StreamStorage.h"
+#include "suite/stream/StreamStorage.h"
 #include "suite/CodePages.h"
 
 #include <gmock/gmock.h>

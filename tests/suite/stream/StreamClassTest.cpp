@@ -1,5 +1,5 @@
 // The component class: what it answers for and how it starts.
-#include "tests/suite/StreamFixture.h"
+#include "tests/suite/stream/StreamFixture.h"
 
 namespace {
 
@@ -32,7 +32,7 @@ TEST(StreamClass, HasItsGivenIdentifiers)
 
 TEST(StreamClass, StartsEmptyInMemoryInNoMode)
 {
-    StreamUser user;
+    NewStreamUser user;
     CComBSTR delimiter;
     EXPECT_EQ(user.stream->GetDelimiter(&delimiter), S_OK);
     EXPECT_EQ(delimiter.View(), OLESTR("\r\n"));

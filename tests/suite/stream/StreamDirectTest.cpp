@@ -1,5 +1,5 @@
 // The direct access: what it writes and reads is what the given interface would have written and read.
-#include "tests/suite/StreamFixture.h"
+#include "tests/suite/stream/StreamFixture.h"
 
 #include <cstring>
 
@@ -56,7 +56,7 @@ Text LettersOf(LONG count)
     return text;
 }
 
-class DirectStream : public testing::Test, public StreamUser {
+class DirectStream : public testing::Test, public NewStreamUser {
 protected:
     DirectStream()
     {
@@ -121,7 +121,7 @@ TEST_F(DirectStream, BytesOfManyItemsReadLikeManyWrites)
 
 TEST_F(DirectStream, EveryWayOfWritingATextGivesTheSameStream)
 {
-    StreamUser plain;
+    NewStreamUser plain;
     plain.SetMode(E_STREAM_MODE_BINARY);
     for (const LONG count : {0, 1, 63, 64, 65, 3000}) {
         plain.Write({1, 2, 3});
@@ -237,7 +237,7 @@ TEST_F(DirectStream, EveryQuestionAboutBytesIsAnsweredAsIfTheTextsWereWritten)
     EXPECT_EQ(stream->GetStreamContentsAsString(&content), S_OK);
     EXPECT_EQ(SysStringByteLen(content), static_cast<UINT>(kSize));
     fill();
-    StreamUser other;
+    NewStreamUser other;
     EXPECT_EQ(other.stream->Append(stream), S_OK);
     EXPECT_EQ(other.Size(), kSize);
     EXPECT_EQ(other.Items(), 3);

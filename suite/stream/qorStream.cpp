@@ -1,8 +1,8 @@
-#include "suite/qorStream.h"
+#include "suite/stream/qorStream.h"
 
 #include "frame/MethodFrame.h"
 #include "suite/CodePages.h"
-#include "suite/DeferredText.h"
+#include "suite/stream/DeferredText.h"
 
 #include <stdexcept>
 

@@ -13,8 +13,8 @@
 #include "frame/CallSite.h"
 #include "idl/SuiteClasses.h"
 #include "platform/atl/ComObject.h"
-#include "suite/StreamFile.h"
-#include "suite/StreamStorage.h"
+#include "suite/stream/StreamFile.h"
+#include "suite/stream/StreamStorage.h"
 
 class CqorStream : public CComObjectRootEx<CComMultiThreadModel>,
                    public CComCoClass<&CLSID_qorStream>,

@@ -1,4 +1,4 @@
-// The settings component in the class table of a native process.
+// The settings component in the class table: of the process natively, of its own DLL on Windows.
 #include "platform/com/ClassTable.h"
 #include "suite/settings/qorSettings.h"
 

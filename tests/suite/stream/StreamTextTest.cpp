@@ -1,11 +1,11 @@
 // Text mode: lines, delimiters, code pages.
-#include "tests/suite/StreamFixture.h"
+#include "tests/suite/stream/StreamFixture.h"
 
 using testing::ElementsAre;
 
 namespace {
 
-class TextStream : public testing::Test, public StreamUser {
+class TextStream : public testing::Test, public NewStreamUser {
 protected:
     TextStream() { SetMode(E_STREAM_MODE_TEXT); }
 

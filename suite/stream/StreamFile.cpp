@@ -1,8 +1,8 @@
-#include "suite/StreamFile.h"
+#include "suite/stream/StreamFile.h"
 
 #include "platform/mfc/FileException.h"
 #include "suite/CodePages.h"
-#include "suite/StreamStorage.h"
+#include "suite/stream/StreamStorage.h"
 
 #include <filesystem>
 #include <system_error>

@@ -4,7 +4,7 @@
 #include "LV_suiteStream.h"
 #include "frame/Raise.h"
 #include "platform/atl/ComPtr.h"
-#include "suite/StreamStorage.h"
+#include "suite/stream/StreamStorage.h"
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
 // File streams: what stands in the file, what is read from it, what can go wrong.
-#include "tests/suite/StreamFixture.h"
+#include "tests/suite/stream/StreamFixture.h"
 #include "tests/support/TestFolder.h"
 
 #include <filesystem>
@@ -12,7 +12,7 @@ using testing::IsEmpty;
 
 namespace {
 
-class FileStream : public testing::Test, public StreamUser {
+class FileStream : public testing::Test, public NewStreamUser {
 protected:
     ~FileStream() override { stream.Release(); }
 

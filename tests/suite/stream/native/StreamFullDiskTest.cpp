@@ -1,5 +1,5 @@
 // A file that can't be written, played by a process-wide limit on file sizes.
-#include "tests/suite/StreamFixture.h"
+#include "tests/suite/stream/StreamFixture.h"
 #include "tests/support/TestFolder.h"
 
 #include <csignal>
@@ -37,7 +37,7 @@ TEST(StreamOnAFullDisk, TheCloseThatFailsKeepsTheContentForAnotherTry)
 {
     const TestFolder folder;
     const fs::path path = folder.Path() / "content.dat";
-    StreamUser user;
+    NewStreamUser user;
     EStreamError error = E_STREAM_ERROR_UNKNOWN_ERROR;
     const CComBSTR name{TextView(path.generic_string<OLECHAR>())};
     ASSERT_EQ(user.stream->OpenFile(name, E_STREAM_MODE_BINARY, E_STREAM_OPEN_TRUNCATE, VARIANT_FALSE, &error), S_OK);

@@ -1,6 +1,8 @@
-// The four exported functions of the settings DLL.
+// The four exported functions of a DLL that brings one component: its class stands in the class table, its
+// registration script is resource 101.
+#include "platform/atl/Module.h"
 #include "platform/atl/windows/ModuleRegistration.h"
-#include "suite/settings/qorSettings.h"
+#include "platform/com/ClassTable.h"
 
 namespace {
 
@@ -14,7 +16,8 @@ STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** out)
     if (!out)
         return E_POINTER;
     *out = nullptr;
-    return clsid == CLSID_setSettings ? ClassFactory<CqorSettings>::Get(iid, out) : CLASS_E_CLASSNOTAVAILABLE;
+    const RegisteredClass* const entry = RegisteredClass::Find(clsid);
+    return entry ? entry->GetClassObject(iid, out) : CLASS_E_CLASSNOTAVAILABLE;
 }
 
 STDAPI DllCanUnloadNow()
