@@ -108,7 +108,8 @@ void StreamStorage::AddBatch(ByteView bytes, std::uint32_t items, ByteView value
     const auto at = static_cast<std::uint32_t>(m_bytes.Size());
     const auto value = static_cast<std::uint32_t>(m_values.Size());
     const auto source = static_cast<std::uint32_t>(m_sources.size() - 1);
-    m_pending.reserve(m_pending.size() + texts.size());
+    if (m_pending.capacity() - m_pending.size() < texts.size())
+        m_pending.reserve(std::max(m_pending.size() + texts.size(), m_pending.capacity() * 2));
     for (const SqorDeferredText& text : texts)
         m_pending.push_back({at + text.Offset, value + text.Value, text.ValueBytes, source});
     m_values.Append(values);

@@ -154,7 +154,7 @@ TEST_F(DirectStream, ABatchReadsLikeItsItemsAndTextsOneByOne)
         EXPECT_EQ(direct->AppendBatch(bytes, 5, 2, reinterpret_cast<const unsigned char*>(values), sizeof values, texts,
                                       4, renderer),
                   S_OK);
-        StreamUser plain;
+        NewStreamUser plain;
         plain.SetMode(mode);
         plain.WriteString(LettersOf(3));
         plain.Write({1, 2});
