@@ -1,5 +1,7 @@
 #include "core/prpHelpInfo.h"
 
+#include "core/VariantBool.h"
+
 const Origin CprpHelpInfo::kOrigin{CLSID_prpHelpInfo, IID_IprpHelpInfo};
 
 namespace {
@@ -12,7 +14,7 @@ HRESULT FindResource(const Origin& origin, const OLECHAR* method, const HelpTabl
         require.Pointer(resId, OLESTR("pnResID"));
         require.Pointer(success, OLESTR("pbSuccess"));
         const HelpResource* const found = table.FindResource(state, propId);
-        *success = found ? VARIANT_TRUE : VARIANT_FALSE;
+        *success = Out(found != nullptr);
         if (!found)
             return;
         *hModule = found->hModule;
@@ -44,7 +46,7 @@ STDMETHODIMP CprpHelpInfo::GetHelpString(LONG State, LONG PropID, BSTR* ResStrin
         require.Pointer(Success, OLESTR("pbSuccess"));
         require.EmptyString(ResString, OLESTR("pbstrResString"));
         const HelpTable::Entry* const found = m_HelpTable.FindText(State, PropID);
-        *Success = found ? VARIANT_TRUE : VARIANT_FALSE;
+        *Success = Out(found != nullptr);
         if (found && *found)
             *ResString = NewBstr(**found);
     });

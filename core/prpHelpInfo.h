@@ -19,8 +19,10 @@ public:
     STDMETHODIMP GetHelpString(LONG State, LONG PropID, BSTR* ResString, VARIANT_BOOL* Success) override;
     STDMETHODIMP AddPictureResource(LONG State, LONG Mask, LONG PropID, LONG_PTR hModule, LONG ResID) override;
     STDMETHODIMP AddHelpStringResource(LONG State, LONG Mask, LONG PropID, LONG_PTR hModule, LONG ResID) override;
-    STDMETHODIMP GetHelpStringResource(LONG State, LONG PropID, LONG_PTR* hModule, LONG* ResID, VARIANT_BOOL* Success) override;
-    STDMETHODIMP GetPictureResource(LONG State, LONG PropID, LONG_PTR* hModule, LONG* ResID, VARIANT_BOOL* Success) override;
+    STDMETHODIMP GetHelpStringResource(LONG State, LONG PropID, LONG_PTR* hModule, LONG* ResID,
+                                       VARIANT_BOOL* Success) override;
+    STDMETHODIMP GetPictureResource(LONG State, LONG PropID, LONG_PTR* hModule, LONG* ResID,
+                                    VARIANT_BOOL* Success) override;
 
 private:
     static const Origin kOrigin;

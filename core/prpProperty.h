@@ -209,7 +209,6 @@ private:
     bool m_bWarning : 1 = false;
     bool m_bAlwaysSave : 1 = true;
     bool m_bNoUnitConvert : 1 = false;
-    bool m_bMacroReportProperty : 1 = false;
 
     double m_dbDouble = 0;
     ValueText m_Value; ///< the value of text types; the last rendering of the others

@@ -2,17 +2,13 @@
 #include "core/prpPropertyCollection.h"
 
 #include "core/SavedRecord.h"
+#include "core/VariantBool.h"
 #include "core/prpEventHelper.h"
 
 namespace {
 
 /// String resource that a missing default module is reported with.
 constexpr UINT kDefaultModuleString = 32015;
-
-VARIANT_BOOL Out(bool flag)
-{
-    return flag ? VARIANT_TRUE : VARIANT_FALSE;
-}
 
 } // namespace
 

@@ -37,7 +37,6 @@ void CprpProperty::CopyFrom(const CprpProperty& source, CprpPropertyCollection& 
     m_bReadOnly = source.m_bReadOnly;
     m_bValid = source.m_bValid;
     m_bAlwaysSave = source.m_bAlwaysSave;
-    m_bMacroReportProperty = source.m_bMacroReportProperty;
     m_eDataType = source.m_eDataType;
     m_nEditFlags = source.m_nEditFlags;
     m_nLong = source.m_nLong;
@@ -46,6 +45,8 @@ void CprpProperty::CopyFrom(const CprpProperty& source, CprpPropertyCollection& 
     if (source.m_pExtras) {
         m_pExtras = std::make_unique<PropertyExtras>(CopyOf(*source.m_pExtras));
         CopyEnumStrings(*source.m_pExtras);
+        if (m_pExtras->visibilityInfo || m_pExtras->postProcVisibilityInfo)
+            target.NoteRule(*this);
     }
     for (const CprpProperty& child : source.m_ChildList)
         target.AddInternal(child.Id(), Id()).CopyFrom(child, target);

@@ -1,6 +1,7 @@
 // The choices of an enumerated property, and what a property only carries along for its host: bounds and the
 // characters that editors refuse. An item is addressed by the index that the host chose; its literal text is found by
 // the item's value, and a string resource wins over it.
+#include "core/VariantBool.h"
 #include "core/prpProperty.h"
 
 #include <algorithm>
@@ -15,11 +16,6 @@ static_assert(sizeof(SprpEnumItem) == 12);
 bool SameItem(const SprpEnumItem& left, const SprpEnumItem& right)
 {
     return left.eEnumValue == right.eEnumValue && left.StringResID == right.StringResID && left.bShow == right.bShow;
-}
-
-VARIANT_BOOL Normalised(VARIANT_BOOL flag)
-{
-    return flag ? VARIANT_TRUE : VARIANT_FALSE;
 }
 
 /// The item at an index that the caller has found not negative.
@@ -79,7 +75,7 @@ STDMETHODIMP CprpProperty::AddEnumItem(LONG Index, SprpEnumItem* EnumItem)
         SprpEnumItem item{};
         item.eEnumValue = EnumItem->eEnumValue;
         item.StringResID = EnumItem->StringResID;
-        item.bShow = Normalised(EnumItem->bShow);
+        item.bShow = Out(In(EnumItem->bShow));
 
         std::vector<SprpEnumItem>& items = MakeExtras().enumItems;
         const auto at = static_cast<std::size_t>(Index);
@@ -130,7 +126,7 @@ STDMETHODIMP CprpProperty::ShowEnumItem(LONG Index, VARIANT_BOOL Show)
     return InFrame(kOrigin, OLESTR("CprpProperty::ShowEnumItem"), [&](const Checks& require) {
         require.Transaction(InTransaction());
         require.NotNegative(Index);
-        ItemAt(MakeExtras().enumItems, Index).bShow = Normalised(Show);
+        ItemAt(MakeExtras().enumItems, Index).bShow = Out(In(Show));
     });
 }
 

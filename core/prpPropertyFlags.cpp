@@ -1,24 +1,9 @@
 // Flags, texts of state and links of a property. Each setter compares before it writes, so that a repeated value
 // announces nothing.
+#include "core/VariantBool.h"
 #include "core/prpProperty.h"
-
 #include "core/prpPropertyCollection.h"
 #include "frame/TextTools.h"
-
-namespace {
-
-VARIANT_BOOL Out(bool flag)
-{
-    return flag ? VARIANT_TRUE : VARIANT_FALSE;
-}
-
-/// Any non-zero value is true.
-bool In(VARIANT_BOOL flag)
-{
-    return flag != VARIANT_FALSE;
-}
-
-} // namespace
 
 /// False while the property is in error. Raises, in this order: null pointer, no open transaction.
 STDMETHODIMP CprpProperty::IsValid(VARIANT_BOOL* Valid)

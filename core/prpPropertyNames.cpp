@@ -1,5 +1,6 @@
 // The names of a property: where a name comes from, a string resource or the host, and in which form it is handed
 // out. The grammar stands in PropertyNameText.
+#include "core/VariantBool.h"
 #include "core/prpProperty.h"
 #include "core/prpPropertyCollection.h"
 #include "platform/system/ModuleStrings.h"
@@ -92,7 +93,7 @@ STDMETHODIMP CprpProperty::IsMacroReportProperty(VARIANT_BOOL* MacroReportProper
 {
     return InFrame(kOrigin, OLESTR("CprpProperty::IsMacroReportProperty"), [&](const Checks& require) {
         require.Pointer(MacroReportProperty, OLESTR("pvbMacroReportProperty"));
-        *MacroReportProperty = Extras().names.forms.bMacroReportProperty ? VARIANT_TRUE : VARIANT_FALSE;
+        *MacroReportProperty = Out(Extras().names.forms.bMacroReportProperty);
     });
 }
 

@@ -3,6 +3,7 @@
 // list, whatever its data type.
 #include "core/NumberRules.h"
 #include "core/PositionRules.h"
+#include "core/VariantBool.h"
 #include "core/prpProperty.h"
 #include "core/prpPropertyCollection.h"
 #include "frame/NumberScan.h"
@@ -75,7 +76,7 @@ STDMETHODIMP CprpProperty::SetScanPathPointAt(LONG Index, SprgScanPathPoint NewS
         require.Pointer(pvbDataChanged, OLESTR("pvbDataChanged"));
         *pvbDataChanged = VARIANT_FALSE;
         if (vbSupressEditEvents) {
-            *pvbDataChanged = PutScanPathPoint(Index, NewScanPathPoint.Position) ? VARIANT_TRUE : VARIANT_FALSE;
+            *pvbDataChanged = Out(PutScanPathPoint(Index, NewScanPathPoint.Position));
             return;
         }
         const ValueText old = RenderForEdit();

@@ -1,50 +1,16 @@
 #include "core/prpTolerance.h"
 
 #include "core/NumberRules.h"
-#include "frame/NumberScan.h"
-#include "frame/NumberText.h"
+#include "core/ToleranceParts.h"
+#include "core/VariantBool.h"
 #include "frame/Raise.h"
 #include "frame/TextTools.h"
 
 #include <bit>
 #include <cmath>
-#include <span>
 #include <utility>
 
 namespace {
-
-constexpr std::size_t kAxes = 3;
-constexpr std::size_t kDatums = 3;
-
-/// What a tolerance type selects: so many of the linear and of the geometric parts, from X on.
-struct PartsRule {
-    EprpToleranceType type;
-    std::size_t linear;
-    std::size_t gdt;
-    bool lengths; ///< its numbers are lengths, which a change of the unit multiplies
-};
-
-constexpr PartsRule kPartsRules[] = {
-    {E_TOL_TYPE_NONE, 0, 0, false},       {E_TOL_TYPE_LINEAR, 1, 0, true},     {E_TOL_TYPE_ANGULAR, 1, 0, false},
-    {E_TOL_TYPE_RECTANGULAR, 3, 0, true}, {E_TOL_TYPE_GDT_LINEAR, 0, 1, true}, {E_TOL_TYPE_GDT_RECTANGULAR, 0, 3, true},
-};
-
-constexpr bool IsOrderedByType(std::span<const PartsRule> rules)
-{
-    for (std::size_t i = 0; i < rules.size(); ++i) {
-        if (static_cast<std::size_t>(rules[i].type) != i)
-            return false;
-    }
-    return true;
-}
-static_assert(IsOrderedByType(kPartsRules));
-
-/// The rule of a type; an internal error for a number that is none.
-const PartsRule& PartsOf(LONG type)
-{
-    CprpTolerance::RequireType(type);
-    return kPartsRules[type];
-}
 
 // The repeated fields of the interface records, in the order of the arrays that hold them here.
 constexpr SprpLinearTolInfo SprpTolerance::*kLinearFields[kAxes] = {
@@ -61,16 +27,6 @@ template <class Enumeration>
 LONG NumberOf(const Enumeration& field)
 {
     return std::bit_cast<LONG>(field);
-}
-
-bool In(VARIANT_BOOL flag)
-{
-    return flag != VARIANT_FALSE;
-}
-
-VARIANT_BOOL Out(bool flag)
-{
-    return flag ? VARIANT_TRUE : VARIANT_FALSE;
 }
 
 CprpFormTol FormOf(const SprpFormTolInfo& record)
@@ -206,127 +162,6 @@ bool SameParts(const std::array<Part, kAxes>& left, const std::array<Part, kAxes
     return true;
 }
 
-// The tolerance string: sections between "#", fields of a section between "¬".
-constexpr OLECHAR kSectionMark = '#';
-constexpr OLECHAR kFieldMark = 0xAC;
-
-// Bits of the head and of the packed numbers that open a section.
-constexpr ULONG kHeadDefault = 0x100;
-constexpr ULONG kHeadNone = 0x200;
-constexpr ULONG kLinearActive = 0x1;
-constexpr ULONG kLinearAbsolute = 0x2;
-constexpr ULONG kGdtActive = 0x1;
-constexpr ULONG kGdtRadial = 0x2;
-constexpr ULONG kGdtFirstDatumActive = 0x4;
-constexpr ULONG kGdtFirstDatumNamed = 0x20;
-constexpr int kGdtTypeByte = 1;
-constexpr int kGdtEditFlagsByte = 2;
-constexpr int kGdtModifierByte = 3;
-
-constexpr ULONG Bit(bool set, ULONG bit)
-{
-    return set ? bit : 0;
-}
-
-/// The low byte of a number, put at a byte of a packed one. What does not fit a byte is lost.
-constexpr ULONG AtByte(LONG value, int byte)
-{
-    return (static_cast<ULONG>(value) & 0xFF) << (8 * byte);
-}
-
-constexpr LONG ByteAt(ULONG packed, int byte)
-{
-    return static_cast<LONG>((packed >> (8 * byte)) & 0xFF);
-}
-
-void AppendField(Text& out, double value)
-{
-    out += kFieldMark;
-    AppendGeneral(out, value);
-}
-
-void AppendSection(Text& out, const CprpLinearTol& linear)
-{
-    out += kSectionMark;
-    AppendHex(out, Bit(linear.bActive, kLinearActive) | Bit(linear.bAbsoluteBounds, kLinearAbsolute), HexCase::Upper);
-    out += kFieldMark;
-    AppendHex(out, static_cast<ULONG>(linear.nEditFlags), HexCase::Upper);
-    AppendField(out, linear.dbNominalValue);
-    AppendField(out, linear.dbUpperBound);
-    AppendField(out, linear.dbLowerBound);
-}
-
-ULONG Packed(const CprpGDTTol& gdt)
-{
-    ULONG packed = Bit(gdt.bActive, kGdtActive) | Bit(gdt.bRadial, kGdtRadial);
-    for (std::size_t i = 0; i < kDatums; ++i) {
-        packed |= Bit(gdt.datumActive[i], kGdtFirstDatumActive << i);
-        packed |= Bit(!gdt.datums[i].empty(), kGdtFirstDatumNamed << i);
-    }
-    return packed | AtByte(gdt.eType, kGdtTypeByte) | AtByte(gdt.nEditFlags, kGdtEditFlagsByte) |
-           AtByte(gdt.eMaterialModifier, kGdtModifierByte);
-}
-
-/// On purpose no datum name is protected against the marks in it: the text of a host's files is what it always was.
-void AppendSection(Text& out, const CprpGDTTol& gdt)
-{
-    out += kSectionMark;
-    AppendHex(out, Packed(gdt), HexCase::Upper);
-    AppendField(out, gdt.dbToleranceValue);
-    for (const Text& name : gdt.datums) {
-        if (!name.empty())
-            out.append(1, kFieldMark).append(name);
-    }
-}
-
-/// What cannot be read stays zero, and so does all behind it.
-void ReadSection(TextView section, CprpLinearTol& linear)
-{
-    TextScanner scanner(section);
-    const auto mark = [&] { return scanner.ReadLiteral(kFieldMark); };
-    ULONG flags = 0;
-    scanner.ReadHex(flags) && mark() && scanner.ReadHex(linear.nEditFlags) && mark() &&
-        scanner.ReadDouble(linear.dbNominalValue) && mark() && scanner.ReadDouble(linear.dbUpperBound) && mark() &&
-        scanner.ReadDouble(linear.dbLowerBound);
-    linear.bActive = flags & kLinearActive;
-    linear.bAbsoluteBounds = flags & kLinearAbsolute;
-}
-
-/// The tokens of a text, one at a time; empty behind the last.
-class Tokens {
-public:
-    Tokens(TextView text, const OLECHAR& mark) : m_at(text, TextView(&mark, 1)) {}
-
-    TextView Next()
-    {
-        const TextView token = *m_at;
-        if (!token.empty())
-            ++m_at;
-        return token;
-    }
-
-private:
-    TokenRange::Iterator m_at;
-};
-
-void ReadSection(TextView section, CprpGDTTol& gdt)
-{
-    Tokens fields(section, kFieldMark);
-    ULONG packed = 0;
-    TextScanner(fields.Next()).ReadHex(packed);
-    TextScanner(fields.Next()).ReadDouble(gdt.dbToleranceValue);
-    gdt.bActive = packed & kGdtActive;
-    gdt.bRadial = packed & kGdtRadial;
-    gdt.eType = ByteAt(packed, kGdtTypeByte);
-    gdt.nEditFlags = ByteAt(packed, kGdtEditFlagsByte);
-    gdt.eMaterialModifier = ByteAt(packed, kGdtModifierByte);
-    for (std::size_t i = 0; i < kDatums; ++i) {
-        gdt.datumActive[i] = packed & (kGdtFirstDatumActive << i);
-        if (packed & (kGdtFirstDatumNamed << i))
-            gdt.datums[i] = fields.Next();
-    }
-}
-
 void Scale(CprpLinearTol& linear, double factor)
 {
     for (double* value : {&linear.dbNominalValue, &linear.dbUpperBound, &linear.dbLowerBound, &linear.dbCalculatedValue,
@@ -378,34 +213,6 @@ bool CprpTolerance::Equals(const CprpTolerance& other) const
     const PartsRule& parts = PartsOf(eTolType);
     return eTolType == other.eTolType && bMarkAsNone == other.bMarkAsNone && bMarkAsDefault == other.bMarkAsDefault &&
            SameParts(linear, other.linear, parts.linear) && SameParts(gdt, other.gdt, parts.gdt);
-}
-
-void CprpTolerance::AppendTo(Text& out) const
-{
-    const PartsRule& parts = PartsOf(eTolType);
-    AppendHex(out, static_cast<ULONG>(eTolType) | Bit(bMarkAsDefault, kHeadDefault) | Bit(bMarkAsNone, kHeadNone),
-              HexCase::Upper);
-    for (std::size_t i = 0; i < parts.linear; ++i)
-        AppendSection(out, linear[i]);
-    for (std::size_t i = 0; i < parts.gdt; ++i)
-        AppendSection(out, gdt[i]);
-}
-
-CprpTolerance CprpTolerance::Parse(TextView text)
-{
-    Tokens sections(text, kSectionMark);
-    ULONG head = 0;
-    TextScanner(sections.Next()).ReadHex(head);
-    CprpTolerance tolerance;
-    tolerance.eTolType = ByteAt(head, 0);
-    tolerance.bMarkAsDefault = head & kHeadDefault;
-    tolerance.bMarkAsNone = head & kHeadNone;
-    const PartsRule& parts = PartsOf(tolerance.eTolType);
-    for (std::size_t i = 0; i < parts.linear; ++i)
-        ReadSection(sections.Next(), tolerance.linear[i]);
-    for (std::size_t i = 0; i < parts.gdt; ++i)
-        ReadSection(sections.Next(), tolerance.gdt[i]);
-    return tolerance;
 }
 
 void CprpTolerance::Convert(double factor)

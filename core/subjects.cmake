@@ -9,4 +9,5 @@ set(PRPCORE_SUBJECT_SOURCES
   prpPropertyScanPath.cpp
   prpPropertyTolerance.cpp
   prpTolerance.cpp
+  prpToleranceText.cpp
   prpVisibilityInfo.cpp)
