@@ -4,6 +4,8 @@
 #include "suite/CodePages.h"
 #include "suite/stream/DeferredText.h"
 
+#include <algorithm>
+#include <cstring>
 #include <stdexcept>
 
 namespace {
@@ -40,13 +42,16 @@ VARIANT_BOOL OutBool(bool value)
     return value ? VARIANT_TRUE : VARIANT_FALSE;
 }
 
-/// Raises when `value` is none of `known`.
+/// Raises when `value` is none of `known`. It may be any number, so it is looked at as one.
 template <class Value, std::size_t Count>
-void RequireOneOf(const Checks& require, Value value, const Value (&known)[Count], const OLECHAR* parameter,
+void RequireOneOf(const Checks& require, const Value& value, const Value (&known)[Count], const OLECHAR* parameter,
                   CallSite at = CallSite::current())
 {
-    if (std::find(std::begin(known), std::end(known), value) == std::end(known))
-        ThrowFormatted(at, kUnknownValueText, parameter, require.method, static_cast<LONG>(value));
+    static_assert(sizeof value == sizeof(LONG));
+    LONG number = 0;
+    std::memcpy(&number, &value, sizeof number);
+    if (std::ranges::find(known, number, [](Value one) { return static_cast<LONG>(one); }) == std::end(known))
+        ThrowFormatted(at, kUnknownValueText, parameter, require.method, number);
 }
 
 /// Whether the places of the texts ascend within the bytes and their values lie within the values.
