@@ -56,7 +56,7 @@ public:
     /// While one stands, items that are taken out stay in memory.
     class BusyScope {
     public:
-        explicit BusyScope(RowDisplay& display) : m_display(display) { ++display.m_nBusy; }
+        explicit BusyScope(RowDisplay& display) : m_display(display) { display.EnterBusy(); }
         ~BusyScope() { m_display.LeaveBusy(); }
         BusyScope(const BusyScope&) = delete;
         BusyScope& operator=(const BusyScope&) = delete;
@@ -83,12 +83,14 @@ protected:
     /// Last chance of an item that is taken out to close its windows without a commit.
     virtual void OnItemTakenOut(CqorLBItem&) {}
 
+    /// As a BusyScope does.
+    void EnterBusy() { ++m_nBusy; }
+    void LeaveBusy();
     bool IsPropertyList() const { return m_eListType == ListType::PropertyList; }
     /// For a window that has dropped all its rows at once.
     void ForgetRows();
 
 private:
-    void LeaveBusy();
     void InsertAt(int row, CqorLBItem& item);
     void DeleteAt(int row);
     void InsertInOrder(CqorLBItem& item);

@@ -1,0 +1,34 @@
+// CprpInPlaceDropList, the combo box on the selected row's data cell. Choosing an entry and losing the focus commit;
+// there is no cancel.
+#pragma once
+
+#include "platform/win/Controls.h"
+#include "platform/win/HandleOwners.h"
+
+class CprpPropItem;
+class CqorODListBox;
+
+class CprpInPlaceDropList : public CComboBox {
+public:
+    bool CreateIn(CqorODListBox& list, const Rect& place);
+    void SetFont(const LOGFONTW& font, bool redraw);
+    /// Null: nothing is reported any more.
+    void SetItem(CprpPropItem* pItem) { m_pItem = pItem; }
+    /// Selects the entry with this whole text, letter case aside, else the first that begins with it; no entry for
+    /// an empty text.
+    void SelectText(const Text& text);
+    /// Text of the selected entry, empty without one.
+    Text SelectedText() const;
+
+protected:
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void OnException() noexcept override;
+    WindowLifetime* Lifetime() override;
+
+private:
+    LRESULT OnNotification(UINT code);
+
+    FontOwner m_font;
+    CprpPropItem* m_pItem = nullptr;
+    CqorODListBox* m_pListBox = nullptr;
+};
