@@ -7,22 +7,6 @@ namespace {
 
 class MisusedStream : public testing::Test, public NewStreamUser {
 protected:
-    static Text NullText(TextView method, TextView parameter)
-    {
-        return Text(OLESTR("Invalid pointer passed to the function 'CqorStream::"))
-            .append(method)
-            .append(OLESTR("'. Parameter '"))
-            .append(parameter)
-            .append(OLESTR("' is NULL."));
-    }
-    static Text NotNullText(TextView method, TextView parameter)
-    {
-        return Text(OLESTR("The BSTR parameter '"))
-            .append(parameter)
-            .append(OLESTR("' passed to the function 'CqorStream::"))
-            .append(method)
-            .append(OLESTR("' is not NULL, memory leaks may occur."));
-    }
     static Text UnknownValueText(TextView method, TextView parameter, TextView value)
     {
         return Text(OLESTR("The parameter '"))
@@ -51,67 +35,74 @@ Enumeration FromOutside(LONG number)
     return value;
 }
 
-constexpr TextView kNegative = OLESTR("A negative parameter has been passed. Please use positive or zero values.");
 constexpr TextView kReadOnly = OLESTR("The stream is read-only and can't be changed.");
 
 TEST_F(MisusedStream, EveryNullPointerIsReportedByItsName)
 {
-    ExpectRefusal(stream->Write(nullptr, 1), NullText(OLESTR("Write"), OLESTR("pData")));
-    ExpectRefusal(stream->Read(nullptr, 1, &number, &error), NullText(OLESTR("Read"), OLESTR("pBuffer")));
-    ExpectRefusal(stream->Read(&byte, 1, nullptr, &error), NullText(OLESTR("Read"), OLESTR("pnBytesRead")));
-    ExpectRefusal(stream->Read(&byte, 1, &number, nullptr), NullText(OLESTR("Read"), OLESTR("peStreamError")));
-    ExpectRefusal(stream->Seek(0, E_STREAM_ORIGIN_START, nullptr), NullText(OLESTR("Seek"), OLESTR("peStreamError")));
-    ExpectRefusal(stream->ReadString(nullptr, &number, &error), NullText(OLESTR("ReadString"), OLESTR("pbstrString")));
-    ExpectRefusal(stream->ReadString(&text, nullptr, &error), NullText(OLESTR("ReadString"), OLESTR("pnLength")));
-    ExpectRefusal(stream->ReadString(&text, &number, nullptr), NullText(OLESTR("ReadString"), OLESTR("peStreamError")));
-    ExpectRefusal(stream->OpenFile(full, E_STREAM_MODE_TEXT, E_STREAM_OPEN_APPEND, VARIANT_FALSE, nullptr),
-                  NullText(OLESTR("OpenFile"), OLESTR("peStreamError")));
-    ExpectRefusal(stream->SaveToByteArray(nullptr, 1, &number, &error),
-                  NullText(OLESTR("SaveToByteArray"), OLESTR("pByteArray")));
-    ExpectRefusal(stream->SaveToByteArray(&byte, 1, nullptr, &error),
-                  NullText(OLESTR("SaveToByteArray"), OLESTR("pnBytesWritten")));
-    ExpectRefusal(stream->SaveToByteArray(&byte, 1, &number, nullptr),
-                  NullText(OLESTR("SaveToByteArray"), OLESTR("peStreamError")));
-    ExpectRefusal(stream->LoadFromByteArray(nullptr, 1, &error),
-                  NullText(OLESTR("LoadFromByteArray"), OLESTR("pByteArray")));
-    ExpectRefusal(stream->LoadFromByteArray(&byte, 1, nullptr),
-                  NullText(OLESTR("LoadFromByteArray"), OLESTR("peStreamError")));
-    ExpectRefusal(stream->Append(nullptr), NullText(OLESTR("Append"), OLESTR("pIStream")));
-    ExpectRefusal(stream->LoadFromSafeArray(nullptr, 1, &error),
-                  NullText(OLESTR("LoadFromSafeArray"), OLESTR("pArray")));
-    ExpectRefusal(stream->GetItemCount(nullptr), NullText(OLESTR("GetItemCount"), OLESTR("pnItemCount")));
-    ExpectRefusal(stream->GetStreamSize(nullptr), NullText(OLESTR("GetStreamSize"), OLESTR("pnByteCount")));
-    ExpectRefusal(stream->GetStreamMode(nullptr), NullText(OLESTR("GetStreamMode"), OLESTR("peStreamMode")));
-    ExpectRefusal(stream->GetStreamType(nullptr), NullText(OLESTR("GetStreamType"), OLESTR("peStreamType")));
-    ExpectRefusal(stream->IsReadOnly(nullptr), NullText(OLESTR("IsReadOnly"), OLESTR("pbReadOnly")));
-    ExpectRefusal(stream->GetDelimiter(nullptr), NullText(OLESTR("GetDelimiter"), OLESTR("pbstrDelimiterString")));
-    ExpectRefusal(stream->GetStreamContentsAsString(nullptr),
-                  NullText(OLESTR("GetStreamContentsAsString"), OLESTR("pbstrStreamContents")));
-    ExpectRefusal(stream->GetLastStreamError(nullptr),
-                  NullText(OLESTR("GetLastStreamError"), OLESTR("peLastStreamError")));
-    ExpectRefusal(stream->GetSeekPos(nullptr), NullText(OLESTR("GetSeekPos"), OLESTR("pnSeekPos")));
-    ExpectRefusal(stream->GetCodePage(nullptr), NullText(OLESTR("GetCodePage"), OLESTR("pnCodePage")));
+    ExpectNullPointer(stream->Write(nullptr, 1), OLESTR("CqorStream::Write"), OLESTR("pData"));
+    ExpectNullPointer(stream->Read(nullptr, 1, &number, &error), OLESTR("CqorStream::Read"), OLESTR("pBuffer"));
+    ExpectNullPointer(stream->Read(&byte, 1, nullptr, &error), OLESTR("CqorStream::Read"), OLESTR("pnBytesRead"));
+    ExpectNullPointer(stream->Read(&byte, 1, &number, nullptr), OLESTR("CqorStream::Read"), OLESTR("peStreamError"));
+    ExpectNullPointer(stream->Seek(0, E_STREAM_ORIGIN_START, nullptr), OLESTR("CqorStream::Seek"),
+                      OLESTR("peStreamError"));
+    ExpectNullPointer(stream->ReadString(nullptr, &number, &error), OLESTR("CqorStream::ReadString"),
+                      OLESTR("pbstrString"));
+    ExpectNullPointer(stream->ReadString(&text, nullptr, &error), OLESTR("CqorStream::ReadString"), OLESTR("pnLength"));
+    ExpectNullPointer(stream->ReadString(&text, &number, nullptr), OLESTR("CqorStream::ReadString"),
+                      OLESTR("peStreamError"));
+    ExpectNullPointer(stream->OpenFile(full, E_STREAM_MODE_TEXT, E_STREAM_OPEN_APPEND, VARIANT_FALSE, nullptr),
+                      OLESTR("CqorStream::OpenFile"), OLESTR("peStreamError"));
+    ExpectNullPointer(stream->SaveToByteArray(nullptr, 1, &number, &error), OLESTR("CqorStream::SaveToByteArray"),
+                      OLESTR("pByteArray"));
+    ExpectNullPointer(stream->SaveToByteArray(&byte, 1, nullptr, &error), OLESTR("CqorStream::SaveToByteArray"),
+                      OLESTR("pnBytesWritten"));
+    ExpectNullPointer(stream->SaveToByteArray(&byte, 1, &number, nullptr), OLESTR("CqorStream::SaveToByteArray"),
+                      OLESTR("peStreamError"));
+    ExpectNullPointer(stream->LoadFromByteArray(nullptr, 1, &error), OLESTR("CqorStream::LoadFromByteArray"),
+                      OLESTR("pByteArray"));
+    ExpectNullPointer(stream->LoadFromByteArray(&byte, 1, nullptr), OLESTR("CqorStream::LoadFromByteArray"),
+                      OLESTR("peStreamError"));
+    ExpectNullPointer(stream->Append(nullptr), OLESTR("CqorStream::Append"), OLESTR("pIStream"));
+    ExpectNullPointer(stream->LoadFromSafeArray(nullptr, 1, &error), OLESTR("CqorStream::LoadFromSafeArray"),
+                      OLESTR("pArray"));
+    SAFEARRAY array{};
+    ExpectNullPointer(stream->LoadFromSafeArray(&array, 1, nullptr), OLESTR("CqorStream::LoadFromSafeArray"),
+                      OLESTR("peStreamError"));
+    ExpectNullPointer(stream->GetItemCount(nullptr), OLESTR("CqorStream::GetItemCount"), OLESTR("pnItemCount"));
+    ExpectNullPointer(stream->GetStreamSize(nullptr), OLESTR("CqorStream::GetStreamSize"), OLESTR("pnByteCount"));
+    ExpectNullPointer(stream->GetStreamMode(nullptr), OLESTR("CqorStream::GetStreamMode"), OLESTR("peStreamMode"));
+    ExpectNullPointer(stream->GetStreamType(nullptr), OLESTR("CqorStream::GetStreamType"), OLESTR("peStreamType"));
+    ExpectNullPointer(stream->IsReadOnly(nullptr), OLESTR("CqorStream::IsReadOnly"), OLESTR("pbReadOnly"));
+    ExpectNullPointer(stream->GetDelimiter(nullptr), OLESTR("CqorStream::GetDelimiter"),
+                      OLESTR("pbstrDelimiterString"));
+    ExpectNullPointer(stream->GetStreamContentsAsString(nullptr), OLESTR("CqorStream::GetStreamContentsAsString"),
+                      OLESTR("pbstrStreamContents"));
+    ExpectNullPointer(stream->GetLastStreamError(nullptr), OLESTR("CqorStream::GetLastStreamError"),
+                      OLESTR("peLastStreamError"));
+    ExpectNullPointer(stream->GetSeekPos(nullptr), OLESTR("CqorStream::GetSeekPos"), OLESTR("pnSeekPos"));
+    ExpectNullPointer(stream->GetCodePage(nullptr), OLESTR("CqorStream::GetCodePage"), OLESTR("pnCodePage"));
 }
 
 TEST_F(MisusedStream, AnOutTextThatIsNotNullIsReportedAndKept)
 {
-    ExpectRefusal(stream->ReadString(&full, &number, &error), NotNullText(OLESTR("ReadString"), OLESTR("pbstrString")));
-    ExpectRefusal(stream->GetDelimiter(&full), NotNullText(OLESTR("GetDelimiter"), OLESTR("pbstrDelimiterString")));
-    ExpectRefusal(stream->GetStreamContentsAsString(&full),
-                  NotNullText(OLESTR("GetStreamContentsAsString"), OLESTR("pbstrStreamContents")));
+    ExpectBstrNotNull(stream->ReadString(&full, &number, &error), OLESTR("CqorStream::ReadString"),
+                      OLESTR("pbstrString"));
+    ExpectBstrNotNull(stream->GetDelimiter(&full), OLESTR("CqorStream::GetDelimiter"), OLESTR("pbstrDelimiterString"));
+    ExpectBstrNotNull(stream->GetStreamContentsAsString(&full), OLESTR("CqorStream::GetStreamContentsAsString"),
+                      OLESTR("pbstrStreamContents"));
     EXPECT_EQ(full.View(), OLESTR("full"));
 }
 
 TEST_F(MisusedStream, NegativeSizesAndPositionsAreRefused)
 {
     Write({1, 2});
-    ExpectRefusal(stream->Write(&byte, -1), kNegative);
-    ExpectRefusal(stream->Read(&byte, -1, &number, &error), kNegative);
-    ExpectRefusal(stream->SaveToByteArray(&byte, -1, &number, &error), kNegative);
-    ExpectRefusal(stream->LoadFromByteArray(&byte, -1, &error), kNegative);
-    ExpectRefusal(stream->SetSeekPos(-1), kNegative);
+    ExpectNegative(stream->Write(&byte, -1));
+    ExpectNegative(stream->Read(&byte, -1, &number, &error));
+    ExpectNegative(stream->SaveToByteArray(&byte, -1, &number, &error));
+    ExpectNegative(stream->LoadFromByteArray(&byte, -1, &error));
+    ExpectNegative(stream->SetSeekPos(-1));
     SAFEARRAY array{};
-    ExpectRefusal(stream->LoadFromSafeArray(&array, -1, &error), kNegative);
+    ExpectNegative(stream->LoadFromSafeArray(&array, -1, &error));
     EXPECT_EQ(number, 42);
     EXPECT_EQ(Content(), (Bytes{1, 2}));
 }

@@ -4,12 +4,10 @@
 #include "LV_prpPropCollection.h"
 #include "LV_suiteStream.h"
 #include "platform/atl/ComPtr.h"
+#include "tests/support/Errors.h"
 
 #include <gmock/gmock.h>
 
-#include <initializer_list>
-#include <memory>
-#include <string>
 #include <vector>
 
 using Bytes = std::vector<unsigned char>;
@@ -116,22 +114,3 @@ inline ReadText Line(TextView text)
 }
 inline const ReadText kNothingLeft{{}, 0, E_STREAM_ERROR_END_OF_FILE};
 inline const ReadText kNoTextHere{{}, 0, E_STREAM_ERROR_UNKNOWN_ERROR};
-
-/// Text of the error that the last call left on the thread; empty when there is none.
-inline Text LastErrorText()
-{
-    CComPtr<IErrorInfo> info;
-    if (GetErrorInfo(0, &info) != S_OK)
-        return {};
-    CComBSTR description;
-    EXPECT_EQ(info->GetDescription(&description), S_OK);
-    return Text(description.View());
-}
-
-/// A usage error: its code without the line, and the first line of its description.
-inline void ExpectRefusal(HRESULT hr, TextView message)
-{
-    EXPECT_EQ(static_cast<uint32_t>(hr) & 0xFFFF0000u, 0x80040000u);
-    const Text text = LastErrorText();
-    EXPECT_EQ(text.substr(0, text.find(OLESTR('\r'))), message);
-}
