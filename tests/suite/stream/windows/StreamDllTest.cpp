@@ -131,7 +131,10 @@ TEST(StreamDll, HoldsItsTypeLibraryAndVersion)
     const std::wstring path = OwnFolder() / "LV_strStream.dll";
     CComPtr<ITypeLib> library;
     ASSERT_EQ(LoadTypeLibEx(path.c_str(), REGKIND_NONE, &library), S_OK);
-    EXPECT_EQ(library->GetTypeInfoCount(), 3u);
+    for (const IID& iid : {IID_IqorTextRenderer, IID_IqorTextOwner, IID_IqorStreamDirect}) {
+        CComPtr<ITypeInfo> info;
+        EXPECT_EQ(library->GetTypeInfoOfGuid(iid, &info), S_OK);
+    }
 
     HMODULE const dll = LoadLibraryExW(path.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
     HRSRC const version = FindResourceW(dll, MAKEINTRESOURCEW(1), MAKEINTRESOURCEW(16)); // the version resource
