@@ -2,20 +2,12 @@
 // succeeds, disagree with what the value prints as.
 #include "frame/NumberScan.h"
 #include "frame/NumberText.h"
+#include "fuzz/FuzzInput.h"
 
 #include <bit>
 #include <cmath>
-#include <cstdlib>
-#include <cstring>
-#include <vector>
 
 namespace {
-
-void Require(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
 
 template <class T, class Method>
 void Exercise(TextView text, Method method)
@@ -49,11 +41,8 @@ void RequireRoundTrip(TextView text)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    // A copy of its own exact size, so that a read beyond the end is seen.
-    std::vector<OLECHAR> units(size / sizeof(OLECHAR));
-    if (!units.empty())
-        std::memcpy(units.data(), data, units.size() * sizeof(OLECHAR));
-    const TextView text(units.data(), units.size());
+    const InputText input(data, size);
+    const TextView text = input.View();
     Exercise<double>(text, &TextScanner::ReadDouble);
     Exercise<float>(text, &TextScanner::ReadFloat);
     Exercise<LONG>(text, &TextScanner::ReadDecimal<LONG>);

@@ -2,19 +2,13 @@
 // that do not suit it.
 #include "frame/FormatText.h"
 #include "frame/NumberText.h"
+#include "fuzz/FuzzInput.h"
 
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 
 namespace {
-
-void Require(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
 
 bool Same(TextView text, const char* ascii)
 {
@@ -42,9 +36,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         Require(Same(FormatGeneral(value, decimals), expected));
     }
 
-    Text format(size / sizeof(OLECHAR), OLECHAR{0});
-    if (!format.empty())
-        std::memcpy(format.data(), data, format.size() * sizeof(OLECHAR));
+    const InputText input(data, size);
+    const TextView format = input.View();
     const OLECHAR* none = nullptr;
     FormatText(format, decimals, OLESTR("text"), -1, none);
     OLECHAR bounded[kMessageUnits];
