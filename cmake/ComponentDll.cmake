@@ -8,6 +8,9 @@
 # lv_component_dll(<name> ASSEMBLY <manifest name> DESCRIPTION <text> TYPELIB <file> TYPELIB_ID <{..}>
 #                  SOURCES <...> LIBS <...> [RESOURCES <lines of the resource script>] [RESOURCE_FILES <...>])
 # exports what <name>.def beside the caller's CMakeLists.txt says and nothing else.
+#
+# lv_use_components(<program>) puts a manifest beside a program, so that it finds the component DLLs of its folder
+# without any registration.
 include_guard()
 set(LV_CLASS_TEMPLATE ${CMAKE_CURRENT_LIST_DIR}/Class.rgs.in)
 
@@ -85,4 +88,22 @@ function(lv_component_dll name)
     </file>
 </assembly>
 ")
+endfunction()
+
+function(lv_use_components program)
+  set(dependencies "")
+  foreach(assembly PropertyCollection Stream Settings)
+    string(APPEND dependencies "    <dependency>
+        <dependentAssembly>
+            <assemblyIdentity type=\"win32\" name=\"Lumevor.${assembly}\" version=\"${PROJECT_VERSION}\" processorArchitecture=\"amd64\"/>
+        </dependentAssembly>
+    </dependency>
+")
+  endforeach()
+  file(CONFIGURE OUTPUT ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${program}.exe.manifest @ONLY CONTENT
+"<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>
+<assembly xmlns=\"urn:schemas-microsoft-com:asm.v1\" manifestVersion=\"1.0\">
+@dependencies@</assembly>
+")
+  add_dependencies(${program} LV_prpPropCollection LV_strStream LV_setSettings)
 endfunction()
