@@ -154,7 +154,7 @@ Text ParseErrorText(EprpParseError error, TextView record, LONG id)
     for (const FaultText& fault : kFaultTexts) {
         if (fault.error == error)
             return error == E_PROP_PARSE_ERROR_VALUE_NOT_FOUND ? FormatText(fault.text, record)
-                                                                : FormatText(fault.text, id);
+                                                               : FormatText(fault.text, id);
     }
     return OLESTR("An unknown parsing error has occurred.");
 }

@@ -17,8 +17,8 @@ enum SavedFlags : unsigned { kSavedVisible = 1, kSavedReadOnly = 2, kSavedEditFl
 /// One record, its escapes undone. The value refers to the text that was parsed.
 struct SavedRecord {
     LONG id = E_PROP_ID_INVALID;
-    unsigned flags = 0; ///< SavedFlags; version 0 knows the first two
-    LONG editFlags = 0; ///< meaningful with kSavedEditFlags
+    unsigned flags = 0;         ///< SavedFlags; version 0 knows the first two
+    LONG editFlags = 0;         ///< meaningful with kSavedEditFlags
     LONG type = E_PROP_DT_NONE; ///< of version 1; negative or above 19 for a damaged type character
     TextView value;
 };

@@ -33,7 +33,8 @@ public:
     void FinalRelease();
 
     // IqorProperty
-    STDMETHODIMP GetNextChildProperty(LONG PropID, LONG* NextPropID, EprpPropError* PropError, IqorProperty** NextChildProperty) override;
+    STDMETHODIMP GetNextChildProperty(LONG PropID, LONG* NextPropID, EprpPropError* PropError,
+                                      IqorProperty** NextChildProperty) override;
     STDMETHODIMP GetProperty(LONG PropID, EprpPropError* PropError, IqorProperty** Property) override;
     STDMETHODIMP GetPropertyID(LONG* PropertyID) override;
     STDMETHODIMP GetCount(LONG* Count) override;
@@ -80,7 +81,8 @@ public:
     STDMETHODIMP SetNoUnitConvert(VARIANT_BOOL NoUnitConvert) override;
     STDMETHODIMP GetHResModule(LONG_PTR* hModule) override;
     STDMETHODIMP SetHResModule(LONG_PTR hModule) override;
-    STDMETHODIMP GetEnumByIndex(LONG* Index, LONG* Value, BSTR* EnumItemString, VARIANT_BOOL IterateInvisibleProperties) override;
+    STDMETHODIMP GetEnumByIndex(LONG* Index, LONG* Value, BSTR* EnumItemString,
+                                VARIANT_BOOL IterateInvisibleProperties) override;
     STDMETHODIMP AddEnumItem(LONG Index, SprpEnumItem* EnumItem) override;
     STDMETHODIMP GetEnumInfo(SprpEnumItem* EnumItem, BSTR* ValueAsString, VARIANT_BOOL* Success) override;
     STDMETHODIMP ShowEnumItem(LONG Index, VARIANT_BOOL Show) override;
@@ -97,7 +99,8 @@ public:
     STDMETHODIMP ClearVisibilityInfo() override;
     STDMETHODIMP IsMacroReportProperty(VARIANT_BOOL* MacroReportProperty) override;
     STDMETHODIMP GetScanPathListCount(LONG* Count) override;
-    STDMETHODIMP SetScanPathPointAt(LONG Index, SprgScanPathPoint NewScanPathPoint, VARIANT_BOOL vbSupressEditEvents, VARIANT_BOOL* pvbDataChanged) override;
+    STDMETHODIMP SetScanPathPointAt(LONG Index, SprgScanPathPoint NewScanPathPoint, VARIANT_BOOL vbSupressEditEvents,
+                                    VARIANT_BOOL* pvbDataChanged) override;
     STDMETHODIMP GetScanPathPointAt(LONG Index, SprgScanPathPoint* Position) override;
     STDMETHODIMP GetScanPathString(BSTR* PropertyString) override;
     STDMETHODIMP InitialiseScanPathFromString(BSTR PropertyString) override;
@@ -211,7 +214,7 @@ private:
     bool m_bNoUnitConvert : 1 = false;
 
     double m_dbDouble = 0;
-    ValueText m_Value; ///< the value of text types; the last rendering of the others
+    ValueText m_Value;                         ///< the value of text types; the last rendering of the others
     std::unique_ptr<PropertyExtras> m_pExtras; ///< made on first need
 
     CprpPropertyCollection* m_pCollection = nullptr; ///< not counted; null when detached

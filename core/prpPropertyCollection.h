@@ -36,11 +36,14 @@ public:
     STDMETHODIMP SetUniqueNumber(GUID Guuid) override;
     STDMETHODIMP StartTransaction(LONG Timeout) override;
     STDMETHODIMP EndTransaction(VARIANT_BOOL FireEvents) override;
-    STDMETHODIMP AddProperty(LONG PropID, LONG ParentPropID, LONG NameResID, LONG LinkedID, LONG_PTR hModule, LONG EditFlags, EprpPropDataType DataType, VARIANT_BOOL Visible, VARIANT_BOOL ReadOnly, VARIANT_BOOL AlwaysSave, EprpPropError* PropError) override;
+    STDMETHODIMP AddProperty(LONG PropID, LONG ParentPropID, LONG NameResID, LONG LinkedID, LONG_PTR hModule,
+                             LONG EditFlags, EprpPropDataType DataType, VARIANT_BOOL Visible, VARIANT_BOOL ReadOnly,
+                             VARIANT_BOOL AlwaysSave, EprpPropError* PropError) override;
     STDMETHODIMP GetPictureResource(LONG PropID, LONG* ResID, LONG_PTR* ResInstance, VARIANT_BOOL* Success) override;
     STDMETHODIMP GetHelpStringResource(LONG PropID, LONG* ResID, BSTR* ResString, VARIANT_BOOL* Success) override;
     STDMETHODIMP RemoveProperty(LONG PropID, EprpPropError* PropError) override;
-    STDMETHODIMP GetNextProperty(LONG PropID, LONG* NextPropID, EprpPropError* PropError, IqorProperty** NextProperty) override;
+    STDMETHODIMP GetNextProperty(LONG PropID, LONG* NextPropID, EprpPropError* PropError,
+                                 IqorProperty** NextProperty) override;
     STDMETHODIMP GetNextPropertyAll(LONG* NextPropID, EprpPropError* PropError, IqorProperty** RetVal) override;
     STDMETHODIMP GetProperty(LONG PropID, EprpPropError* PropError, IqorProperty** Property) override;
     STDMETHODIMP GetCount(EprpIterationType IterationType, LONG* Count) override;
@@ -145,8 +148,8 @@ private:
     bool m_bSaveReadOnlyStates = true;
     bool m_bSaveEditFlags = true;
 
-    IdIndex<CprpProperty> m_mapProperties;      ///< every living property, at any depth
-    SiblingList<CprpProperty> m_listTopLevel;   ///< one reference each
+    IdIndex<CprpProperty> m_mapProperties;    ///< every living property, at any depth
+    SiblingList<CprpProperty> m_listTopLevel; ///< one reference each
     RuleList m_Rules;
     EventQueue m_Queue;
     CProxy_IqorPropertyCollectionEvents m_Events{*this};

@@ -108,8 +108,7 @@ void CprpPropertyCollection::QueueEvent(LONG id, EprpEventType type, bool visibi
     m_Queue.Append(record);
 }
 
-void CprpPropertyCollection::QueueDataEvent(LONG id, EprpEventType type, const ValueText& text,
-                                            bool visibilityChanged)
+void CprpPropertyCollection::QueueDataEvent(LONG id, EprpEventType type, const ValueText& text, bool visibilityChanged)
 {
     if (!m_bFireEvents)
         return;

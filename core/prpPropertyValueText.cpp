@@ -128,7 +128,9 @@ bool CprpProperty::ParseValue(TextView text)
     case ValueKind::Signed:
     case ValueKind::Unsigned: return scanner.ReadDecimal(m_nLong);
     case ValueKind::Position: return ParsePosition(text);
-    case ValueKind::Tolerance: MakeExtras().tolerance = std::make_unique<CprpTolerance>(CprpTolerance::Parse(text)); break;
+    case ValueKind::Tolerance:
+        MakeExtras().tolerance = std::make_unique<CprpTolerance>(CprpTolerance::Parse(text));
+        break;
     case ValueKind::ScanPath: StoreScanPathText(text); break;
     case ValueKind::AnyText:
     case ValueKind::AnsiText: break;

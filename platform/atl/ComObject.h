@@ -156,8 +156,5 @@ private:
 template <class Interface>
 class ISupportErrorInfoImpl : public ISupportErrorInfo {
 public:
-    STDMETHODIMP InterfaceSupportsErrorInfo(REFIID iid) override
-    {
-        return iid == IidOf<Interface> ? S_OK : S_FALSE;
-    }
+    STDMETHODIMP InterfaceSupportsErrorInfo(REFIID iid) override { return iid == IidOf<Interface> ? S_OK : S_FALSE; }
 };

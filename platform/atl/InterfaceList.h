@@ -5,7 +5,8 @@
 
 /// The interfaces that a class answers for, its identity first.
 template <class... Interfaces>
-struct InterfaceList {};
+struct InterfaceList {
+};
 
 /// Interface identifier of an interface class.
 template <class Interface>
@@ -13,7 +14,8 @@ inline const IID& IidOf = __uuidof(Interface);
 
 /// Base that an interface pointer of the list is taken through when a class inherits it twice.
 template <class Interface, class Through>
-struct InterfaceBy {};
+struct InterfaceBy {
+};
 
 namespace detail {
 
@@ -42,8 +44,7 @@ HRESULT QueryList(T* self, InterfaceList<First, Rest...>, REFIID iid, void** out
     if (iid == IID_IUnknown || iid == detail::EntryCast<T, First>::Iid())
         *out = detail::EntryCast<T, First>::Cast(self);
     else
-        (void)((iid == detail::EntryCast<T, Rest>::Iid() &&
-                ((*out = detail::EntryCast<T, Rest>::Cast(self)), true)) ||
+        (void)((iid == detail::EntryCast<T, Rest>::Iid() && ((*out = detail::EntryCast<T, Rest>::Cast(self)), true)) ||
                ...);
     if (!*out)
         return E_NOINTERFACE;

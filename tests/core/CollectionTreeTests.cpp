@@ -471,15 +471,13 @@ TEST_F(CollectionTree, ReportsEveryNullPointerInTheOrderOfItsTable)
     ExpectNullPointer(collection->GetNextPropertyAll(&id, &error, nullptr), name(OLESTR("GetNextPropertyAll")),
                       OLESTR("ppRetVal"));
     ExpectNullPointer(collection->GetProperty(0, nullptr, nullptr), name(OLESTR("GetProperty")), OLESTR("peError"));
-    ExpectNullPointer(collection->GetProperty(0, &error, nullptr), name(OLESTR("GetProperty")),
-                      OLESTR("ppIProperty"));
+    ExpectNullPointer(collection->GetProperty(0, &error, nullptr), name(OLESTR("GetProperty")), OLESTR("ppIProperty"));
     ExpectInvalidId(collection->GetProperty(0, &error, &property));
     ExpectNoTransaction(collection->GetProperty(1, &error, &property));
-    ExpectNullPointer(collection->GetCount(E_PROP_ITERATION_ALL, nullptr), name(OLESTR("GetCount")),
-                      OLESTR("pnCount"));
+    ExpectNullPointer(collection->GetCount(E_PROP_ITERATION_ALL, nullptr), name(OLESTR("GetCount")), OLESTR("pnCount"));
     ExpectNullPointer(collection->PropertyExists(1, nullptr), name(OLESTR("PropertyExists")), OLESTR("pbSuccess"));
-    ExpectNullPointer(collection->GetPropertyFromName(nullptr, nullptr, nullptr),
-                      name(OLESTR("GetPropertyFromName")), OLESTR("PropError"));
+    ExpectNullPointer(collection->GetPropertyFromName(nullptr, nullptr, nullptr), name(OLESTR("GetPropertyFromName")),
+                      OLESTR("PropError"));
     ExpectNullPointer(collection->GetPropertyFromName(nullptr, &error, nullptr), name(OLESTR("GetPropertyFromName")),
                       OLESTR("Property"));
 }

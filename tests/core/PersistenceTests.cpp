@@ -39,10 +39,7 @@ protected:
     }
     static Text Message(TextView fault, TextView line)
     {
-        return Text(OLESTR("A parsing error has occurred ("))
-            .append(fault)
-            .append(OLESTR(") at line: "))
-            .append(line);
+        return Text(OLESTR("A parsing error has occurred (")).append(fault).append(OLESTR(") at line: ")).append(line);
     }
     LONG UnusedCategory()
     {
@@ -74,7 +71,12 @@ const Golden kGolden[] = {
     {E_PROP_DT_DOUBLE, OLESTR("0.00004"), OLESTR("~1al0|40")},
     {E_PROP_DT_STRING_ANSI, OLESTR("a~b|c"), OLESTR("~1al0|5a\\$b\\&c")},
     {E_PROP_DT_MULTI_STRING_UNICODE, OLESTR("one\r\ntwo~#"), OLESTR("~1al0|6one#two\\$#")},
-    {E_PROP_DT_TOLERANCE, OLESTR("1#3\xACx\xACx"), OLESTR("~1al0|71#3\xAC""0\xAC""0\xAC""0\xAC""0")},
+    {E_PROP_DT_TOLERANCE, OLESTR("1#3\xACx\xACx"),
+     OLESTR("~1al0|71#3\xAC"
+            "0\xAC"
+            "0\xAC"
+            "0\xAC"
+            "0")},
     {E_PROP_DT_POSITION, OLESTR("1;2;3.5"), OLESTR("~1al0|81;2;3.5")},
     {E_PROP_DT_VECTOR, OLESTR("0;0;1"), OLESTR("~1al0|90;0;1")},
     {E_PROP_DT_ENUM, OLESTR("26"), OLESTR("~1al0|k1a")},
@@ -348,8 +350,7 @@ TEST_F(Persistence, CountsANumberThatCannotBeReadAsTakenAndAppliesItsFlags)
 TEST_F(Persistence, ClearsReadOnlyStatesByATextSavedWithoutThem)
 {
     InTransaction([&] {
-        const auto property =
-            AddOpen({.id = 1, .type = E_PROP_DT_LONG, .editFlags = 5, .readOnly = VARIANT_TRUE});
+        const auto property = AddOpen({.id = 1, .type = E_PROP_DT_LONG, .editFlags = 5, .readOnly = VARIANT_TRUE});
         EXPECT_EQ(collection->put_SaveReadOnlyStates(VARIANT_FALSE), S_OK);
         EXPECT_EQ(collection->put_SaveEditFlags(VARIANT_FALSE), S_OK);
         const Text saved = SavedTextOf(collection);
@@ -396,8 +397,8 @@ TEST_F(Persistence, KeepsAnUnknownRecordUnderItsCategoryAndSavesItAgain)
     InTransaction([&] {
         SetVersion(1);
         EXPECT_EQ(UnusedCategory(), -1);
-        EXPECT_EQ(FaultOf(OLESTR("~7e8h5text\\$with")), Message(OLESTR("Property not found"),
-                                                               OLESTR("~7e8h5text\\$with")));
+        EXPECT_EQ(FaultOf(OLESTR("~7e8h5text\\$with")),
+                  Message(OLESTR("Property not found"), OLESTR("~7e8h5text\\$with")));
         EXPECT_EQ(UnusedCategory(), 190);
         EXPECT_EQ(MismatchedCategory(), -1);
         const auto kept = PropertyOf(collection, 0x7E8);

@@ -33,14 +33,13 @@ struct FlagCase {
 };
 
 const FlagCase kFlags[] = {
-    {"Valid", &IqorProperty::SetValid, &IqorProperty::IsValid, true, true, false, OLESTR("IsValid"),
-     OLESTR("pbValid")},
+    {"Valid", &IqorProperty::SetValid, &IqorProperty::IsValid, true, true, false, OLESTR("IsValid"), OLESTR("pbValid")},
     {"Warning", &IqorProperty::SetWarning, &IqorProperty::IsInWarning, false, true, false, OLESTR("IsInWarning"),
      OLESTR("pbIsInWarning")},
     {"Visible", &IqorProperty::SetVisible, &IqorProperty::IsVisible, true, true, true, OLESTR("IsVisible"),
      OLESTR("pbVisible")},
-    {"VisibleForPostProc", &IqorProperty::SetVisibleForPostProc, &IqorProperty::IsVisibleForPostProc, true, true,
-     true, OLESTR("IsVisibleForPostProc"), OLESTR("pbVisible")},
+    {"VisibleForPostProc", &IqorProperty::SetVisibleForPostProc, &IqorProperty::IsVisibleForPostProc, true, true, true,
+     OLESTR("IsVisibleForPostProc"), OLESTR("pbVisible")},
     {"ReadOnly", &IqorProperty::SetReadOnly, &IqorProperty::IsReadOnly, false, true, false, OLESTR("IsReadOnly"),
      OLESTR("pbReadOnly")},
     {"AlwaysSave", &IqorProperty::SetAlwaysSave, &IqorProperty::GetAlwaysSave, true, true, false,

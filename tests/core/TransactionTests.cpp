@@ -160,7 +160,8 @@ TEST_F(Transactions, CallTheNextSinkAlthoughOneFails)
 TEST_F(Transactions, DropTheirChangesWhenToldNotToFire)
 {
     const auto property = Add(1, E_PROP_DT_LINEAR);
-    Transact(collection, [&] { SetDouble(property, 1.5); }, false);
+    Transact(
+        collection, [&] { SetDouble(property, 1.5); }, false);
     InTransaction([] {});
     EXPECT_THAT(sink->streams, IsEmpty());
 }
@@ -217,8 +218,8 @@ TEST_F(Transactions, OfAWorkerArriveOnTheRegisteringThreadInOrder)
     }).join();
     EXPECT_THAT(sink->streams, IsEmpty());
     PumpThreadQueue(0);
-    EXPECT_THAT(sink->Records(), ElementsAre(ValueEdit(1, OLESTR("0")), ValueEdit(1, OLESTR("1")),
-                                             ValueEdit(1, OLESTR("2"))));
+    EXPECT_THAT(sink->Records(),
+                ElementsAre(ValueEdit(1, OLESTR("0")), ValueEdit(1, OLESTR("1")), ValueEdit(1, OLESTR("2"))));
     EXPECT_THAT(sink->threads, testing::Each(std::this_thread::get_id()));
 }
 

@@ -218,16 +218,17 @@ TEST_F(ValueTexts, BringAnsiTextsToAsciiOnceTheyHoldACharacterBeyondIt)
 {
     const auto ansi = Make(E_PROP_DT_STRING_ANSI);
     InTransaction([&] {
-        EXPECT_EQ(After(ansi, OLESTR("Gr\x00F6\x00DF\x0391" "e\r\n@")), OLESTR("Grose@"));
+        EXPECT_EQ(After(ansi, OLESTR("Gr\x00F6\x00DF\x0391"
+                                     "e\r\n@")),
+                  OLESTR("Grose@"));
         EXPECT_EQ(After(ansi, OLESTR("plain\r\n")), OLESTR("plain\r\n"));
     });
 }
 
 TEST_F(ValueTexts, TakeOtherTextsAsTheyAre)
 {
-    for (const EprpPropDataType type :
-         {E_PROP_DT_MULTI_STRING_UNICODE, E_PROP_DT_DATE, E_PROP_DT_STATEMENT, E_PROP_DT_STRING_UNICODE,
-          E_PROP_DT_CATEGORY, E_PROP_DT_POINTS_LIST}) {
+    for (const EprpPropDataType type : {E_PROP_DT_MULTI_STRING_UNICODE, E_PROP_DT_DATE, E_PROP_DT_STATEMENT,
+                                        E_PROP_DT_STRING_UNICODE, E_PROP_DT_CATEGORY, E_PROP_DT_POINTS_LIST}) {
         const auto property = Make(type);
         InTransaction([&] {
             EXPECT_EQ(After(property, OLESTR("Gr\x00F6\x0391\r\n")), OLESTR("Gr\x00F6\x0391\r\n"));

@@ -29,8 +29,8 @@ struct EventSeen {
 
 inline std::ostream& operator<<(std::ostream& out, const EventSeen& seen)
 {
-    out << "{type " << seen.type << ", id " << seen.id << ", collection " << seen.collection << ", long1 "
-        << seen.long1 << (seen.visibilityChanged ? ", visibility" : "") << (seen.dataChanged ? ", data" : "");
+    out << "{type " << seen.type << ", id " << seen.id << ", collection " << seen.collection << ", long1 " << seen.long1
+        << (seen.visibilityChanged ? ", visibility" : "") << (seen.dataChanged ? ", data" : "");
     if (seen.oldText)
         out << ", was '" << std::string(seen.oldText->begin(), seen.oldText->end()) << "'";
     return out << "}";
@@ -52,8 +52,13 @@ inline std::vector<EventSeen> ReadEvents(IqorStream* stream)
         EXPECT_EQ(error, E_STREAM_ERROR_NONE);
         if (read != LONG{sizeof record})
             return events;
-        EventSeen seen{record.eEventType, record.nPropID, record.nPropCollectionID, record.nLong1,
-                       record.bVisiblityChanged == VARIANT_TRUE, record.bDataChanged == VARIANT_TRUE, {}};
+        EventSeen seen{record.eEventType,
+                       record.nPropID,
+                       record.nPropCollectionID,
+                       record.nLong1,
+                       record.bVisiblityChanged == VARIANT_TRUE,
+                       record.bDataChanged == VARIANT_TRUE,
+                       {}};
         if (seen.type == E_PROP_EVENT_PROP_EDITED && seen.dataChanged) {
             CComBSTR text;
             LONG length = 0;
@@ -102,9 +107,9 @@ public:
         EXPECT_EQ(params->cArgs, 1U);
         EXPECT_EQ(V_VT(&params->rgvarg[0]), VT_UNKNOWN);
         CComPtr<IqorStream> stream;
-        EXPECT_EQ(V_UNKNOWN(&params->rgvarg[0])->QueryInterface(__uuidof(IqorStream),
-                                                                reinterpret_cast<void**>(&stream)),
-                  S_OK);
+        EXPECT_EQ(
+            V_UNKNOWN(&params->rgvarg[0])->QueryInterface(__uuidof(IqorStream), reinterpret_cast<void**>(&stream)),
+            S_OK);
         streams.push_back(ReadEvents(stream));
         threads.push_back(std::this_thread::get_id());
         if (onStream)
@@ -123,8 +128,7 @@ public:
         m_sink.Attach(object);
         m_object = object;
         CComPtr<IConnectionPointContainer> container;
-        EXPECT_EQ(collection->QueryInterface(__uuidof(IConnectionPointContainer),
-                                             reinterpret_cast<void**>(&container)),
+        EXPECT_EQ(collection->QueryInterface(__uuidof(IConnectionPointContainer), reinterpret_cast<void**>(&container)),
                   S_OK);
         EXPECT_EQ(container->FindConnectionPoint(DIID__IqorPropertyCollectionEvents, &m_point), S_OK);
         EXPECT_EQ(m_point->Advise(m_sink, &m_cookie), S_OK);
