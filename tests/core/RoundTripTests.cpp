@@ -61,9 +61,10 @@ private:
         const std::string digits = std::to_string(double(Below(2000001) - 1000000) / kScales[Below(4)]);
         return Text(digits.begin(), digits.end());
     }
+    /// Enumeration values come back with 16 bits.
     Text Whole()
     {
-        const std::string digits = std::to_string(Below(70000));
+        const std::string digits = std::to_string(Below(65536));
         return Text(digits.begin(), digits.end());
     }
     Text Words()

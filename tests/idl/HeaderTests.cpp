@@ -16,10 +16,10 @@ const HeaderReader& Header()
     return s_header;
 }
 
-std::vector<std::string> MethodsOf(const std::string& interface)
+std::vector<std::string> MethodsOf(const std::string& name)
 {
     for (const auto& declared : Header().Interfaces())
-        if (declared.name == interface)
+        if (declared.name == name)
             return declared.methods;
     return {};
 }
