@@ -1,7 +1,7 @@
 // Writes the routine file: keys in reading order, defaults left out.
-#include "tools/lvprop/JsonText.h"
 #include "tools/lvprop/Keywords.h"
 #include "tools/lvprop/RoutineFile.h"
+#include "tools/lvprop/RoutineJson.h"
 
 #include <cmath>
 #include <cstdint>
@@ -201,6 +201,17 @@ void PutRules(Json& object, const RoutineProperty& property)
         object["postProcVisibility"] = RuleJson(*property.postProcVisibility);
 }
 
+Json HelpJson(const RoutineHelp& help)
+{
+    Json object = Json::object();
+    Put(object, "state", help.state, LONG{-1});
+    Put(object, "property", help.property, LONG{-1});
+    object["text"] = help.text;
+    return object;
+}
+
+} // namespace
+
 Json PropertyJson(const RoutineProperty& property)
 {
     Json object = Json::object();
@@ -229,17 +240,6 @@ Json PropertyJson(const RoutineProperty& property)
     Put(object, "warning", property.warning, std::string());
     return object;
 }
-
-Json HelpJson(const RoutineHelp& help)
-{
-    Json object = Json::object();
-    Put(object, "state", help.state, LONG{-1});
-    Put(object, "property", help.property, LONG{-1});
-    object["text"] = help.text;
-    return object;
-}
-
-} // namespace
 
 std::string WriteRoutine(const Routine& routine)
 {

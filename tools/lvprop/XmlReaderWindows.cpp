@@ -1,7 +1,7 @@
 // On Windows the reader is that of the system (MSXML 6, through its event interface).
 #include "platform/atl/ComPtr.h"
+#include "platform/system/Utf8.h"
 #include "tools/lvprop/ToolError.h"
-#include "tools/lvprop/Utf.h"
 #include "tools/lvprop/XmlReader.h"
 
 #include <msxml2.h>
@@ -26,7 +26,7 @@ void Must(HRESULT hr)
 
 std::string Utf8Of(const wchar_t* text, int length)
 {
-    return text && length > 0 ? ToUtf8({text, static_cast<size_t>(length)}) : std::string();
+    return text && length > 0 ? Utf8From({text, static_cast<size_t>(length)}) : std::string();
 }
 
 /// What one run of the reader knows. An exception must not pass through the reader: it waits in `failure`.
@@ -142,7 +142,7 @@ public:
         if (locator && !m_run.isBroken && SUCCEEDED(locator->getLineNumber(&line)) && line > 0)
             m_run.brokenLine = static_cast<size_t>(line);
         if (text && !m_run.isBroken)
-            m_run.reason = ToUtf8(TextView(text).substr(0, TextView(text).find_first_of(L"\r\n")));
+            m_run.reason = Utf8From(TextView(text).substr(0, TextView(text).find_first_of(L"\r\n")));
         m_run.isBroken = true;
         return E_FAIL;
     }
