@@ -1,0 +1,169 @@
+// A host in a process of its own, in a folder to which the components were copied; nothing is registered.
+#include "ComponentFolder.h"
+#include "tests/lang/StringsFile.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+constexpr const char* kAvailable = "00000000";
+constexpr const char* kNotAvailable = "80040111"; // CLASS_E_CLASSNOTAVAILABLE
+
+struct LanguageOfHost {
+    std::string setting;
+    std::string code;
+};
+
+const LanguageOfHost kLanguagesOfHost[] = {{"7014", "EN"}, {"7015", "DE"}, {"7016", "FR"}, {"7017", "IT"},
+                                           {"7031", "ES"}, {"7039", "JP"}, {"7058", "KO"}, {"7059", "TC"},
+                                           {"7060", "SC"}, {"7061", "CZ"}};
+
+std::string Utf8(TextView text)
+{
+    std::string out(3 * text.size(), '\0');
+    out.resize(static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()),
+                                                            out.data(), static_cast<int>(out.size()), nullptr, nullptr)));
+    return out;
+}
+
+/// The words ahead of the first placeholder of a message.
+std::string BeginningOf(UINT id, const std::string& language)
+{
+    for (const StringBlock& block : ReadStringsFile()) {
+        if (block.id == id)
+            return Utf8(TextView(block.texts.at(language)).substr(0, block.texts.at(language).find(OLESTR('%'))));
+    }
+    return "no such string";
+}
+
+std::string LibraryOf(const std::string& code)
+{
+    return "LV_resResources_" + code + ".dll";
+}
+
+TEST(Client, MakesEveryDataClassByProgIdInACopiedFolder)
+{
+    ComponentFolder folder;
+    folder.Install({"PropertyCollection", "Stream", "Settings"});
+    const ClientRun run = folder.RunHosted("classes");
+    EXPECT_EQ(run.exitCode, 0u) << run.output;
+    for (const char* name : {"prpProperty", "prpPropertyCollection", "prpHelpInfo", "prpVisibilityInfo", "strStream",
+                             "setSettings"}) {
+        EXPECT_EQ(run.Value(std::string("Tolvarin.") + name), kAvailable) << name;
+        EXPECT_EQ(run.Value(std::string("Tolvarin.") + name + ".1"), kAvailable) << name;
+    }
+}
+
+TEST(Client, IsToldThatTheControlsAreNotAvailable)
+{
+    ComponentFolder folder;
+    folder.Install({"PropertyCollection", "Stream", "Settings"});
+    const ClientRun run = folder.RunHosted("classes");
+    for (const char* name : {"prpCollectionViewerCtrl", "prpInfoViewer", "prpGDTViewer", "prpLinearTolViewer",
+                             "prpPositionViewer"})
+        EXPECT_EQ(run.Value(std::string("Tolvarin.") + name), kNotAvailable) << name;
+}
+
+TEST(Client, BuildsATreeHearsItsEventsAndSavesIt)
+{
+    ComponentFolder folder;
+    folder.Install({"PropertyCollection", "Stream", "Settings"});
+    const ClientRun run = folder.RunHosted("slice");
+    EXPECT_EQ(run.exitCode, 0u) << run.output;
+    EXPECT_EQ(run.output, "property: Probing = \n"
+                          "property: Depth = 12.5\n"
+                          "saved: ~ag0|i~14h1|212.5\n"
+                          "event: 2 10\n"
+                          "event: 2 20\n"
+                          "event: 1 20\n");
+}
+
+class ClientLanguage : public testing::TestWithParam<LanguageOfHost> {};
+
+TEST_P(ClientLanguage, HearsItsErrorsInTheLanguageOfTheSettings)
+{
+    ComponentFolder folder;
+    folder.Install({"PropertyCollection", "Stream", "Settings"});
+    folder.Copy(LibraryOf(GetParam().code));
+    folder.SetLanguage(GetParam().setting);
+    const ClientRun run = folder.RunHosted("language");
+    EXPECT_EQ(run.Value("boxes"), "0") << run.output;
+    EXPECT_THAT(run.Value("internal"), StartsWith(BeginningOf(7006, GetParam().code) + "prpProperty"));
+    EXPECT_THAT(run.Value("usage"), HasSubstr(" | " + BeginningOf(7011, GetParam().code) + "prpProperty"));
+    EXPECT_EQ(run.Value("library"), LibraryOf(GetParam().code));
+}
+
+INSTANTIATE_TEST_SUITE_P(All, ClientLanguage, testing::ValuesIn(kLanguagesOfHost),
+                         [](const testing::TestParamInfo<LanguageOfHost>& language) { return language.param.code; });
+
+TEST(Client, IsWarnedOnceOfAnUnknownLanguageAndHearsEnglish)
+{
+    ComponentFolder folder;
+    folder.Install({"PropertyCollection", "Stream", "Settings"});
+    folder.Copy(LibraryOf("EN"));
+    folder.SetLanguage("7018");
+    const ClientRun run = folder.RunHosted("language");
+    EXPECT_EQ(run.Value("boxes"), "1") << run.output;
+    EXPECT_EQ(run.Value("box"),
+              "Lumevor Error: Failed to read selected language. Using default language instead.");
+    EXPECT_THAT(run.Value("usage"), HasSubstr(" | " + BeginningOf(7011, "EN")));
+    EXPECT_EQ(run.Value("library"), LibraryOf("EN"));
+}
+
+TEST(Client, IsToldOnceOfAMissingLanguageLibrary)
+{
+    ComponentFolder folder;
+    folder.Install({"PropertyCollection", "Stream", "Settings"});
+    folder.Copy(LibraryOf("EN"));
+    folder.SetLanguage("7015");
+    const ClientRun run = folder.RunHosted("language");
+    EXPECT_EQ(run.Value("boxes"), "1") << run.output;
+    EXPECT_EQ(run.Value("box"),
+              "Lumevor Error: Unable to find the language DLL: LV_resResources_DE.dll. Please re-install");
+    EXPECT_THAT(run.Value("internal"), StartsWith("Internal error in prpProperty"));
+    EXPECT_THAT(run.Value("usage"), HasSubstr("Failed to load string 7011 from the resource dll"));
+}
+
+TEST(Client, HearsLiteralTextsInSilenceWithoutASettingsComponent)
+{
+    ComponentFolder folder;
+    folder.Install({"PropertyCollection", "Stream"});
+    folder.Copy(LibraryOf("EN"));
+    folder.Copy(LibraryOf("DE"));
+    folder.SetLanguage("7015");
+    const ClientRun run = folder.RunHosted("language");
+    EXPECT_EQ(run.Value("boxes"), "0") << run.output;
+    EXPECT_THAT(run.Value("internal"), StartsWith("Internal error in prpProperty"));
+    EXPECT_THAT(run.Value("usage"),
+                HasSubstr(" | Failed to load string 7011 from the resource dll - you may have to re-install the program"));
+}
+
+TEST(Client, HearsEnglishInSilenceWhileTheSettingsHoldNoLanguage)
+{
+    ComponentFolder folder;
+    folder.Install({"PropertyCollection", "Stream", "Settings"});
+    folder.Copy(LibraryOf("EN"));
+    const ClientRun run = folder.RunHosted("language");
+    EXPECT_EQ(run.Value("boxes"), "0") << run.output;
+    EXPECT_THAT(run.Value("usage"), HasSubstr(" | " + BeginningOf(7011, "EN")));
+    EXPECT_EQ(run.Value("library"), LibraryOf("EN"));
+}
+
+TEST(Client, SeesTheServerGoWithItsLastObjectAndComeAgain)
+{
+    ComponentFolder folder;
+    folder.Install({"PropertyCollection", "Stream", "Settings"});
+    const ClientRun run = folder.RunHosted("unload");
+    EXPECT_EQ(run.exitCode, 0u) << run.output;
+    EXPECT_EQ(run.output, "before: 0\n"
+                          "object: 0\n"
+                          "in use: 1\n"
+                          "no object: 1\n"
+                          "after: 0\n"
+                          "again: 1\n");
+}
+
+} // namespace
