@@ -75,7 +75,7 @@ TEST(Client, BuildsATreeHearsItsEventsAndSavesIt)
     EXPECT_EQ(run.exitCode, 0u) << run.output;
     EXPECT_EQ(run.output, "property: Probing = \n"
                           "property: Depth = 12.5\n"
-                          "saved: ~ag0|i~14h1|212.5\n"
+                          "saved: ~al1|s~14l1|212.5\n"
                           "event: 2 10\n"
                           "event: 2 20\n"
                           "event: 1 20\n");

@@ -199,7 +199,7 @@ void Keep()
 {
     const Collection collection = Collection::Create();
     const Transaction transaction(collection);
-    for (const Text& problem : collection.Load(L"~402g0|35").problems)
+    for (const Text& problem : collection.Load(L"~402k0|35").problems)
         Print("problem", problem);
 }
 
