@@ -49,6 +49,11 @@ void CprpEventHelper::OnPosted(IUnknown* collection, IUnknown* stream) noexcept
     m_Mutex.Unlock();
 }
 
+bool CprpEventHelper::LivesOnAnotherThread() const noexcept
+{
+    return m_dwCreatorThread != GetCurrentThreadId() && m_pWindow && m_pWindow->Exists();
+}
+
 CprpEventHelper* CprpEventHelperList::Find(const GUID& guid)
 {
     const auto found =
@@ -72,4 +77,11 @@ void CprpEventHelperList::Post(const GUID& guid, CprpPropertyCollection& collect
     }
     if (helper) // never taken off the list while the module is loaded
         helper->Post(collection, stream);
+}
+
+bool CprpEventHelperList::HasHelperOnAnotherThread()
+{
+    const std::lock_guard guard(m_gate);
+    return std::any_of(m_list.begin(), m_list.end(),
+                       [](const SprpEventHelperInfo& info) { return info.pHelper->LivesOnAnotherThread(); });
 }

@@ -27,7 +27,11 @@ public:
 
     void OnPosted(IUnknown* collection, IUnknown* stream) noexcept override;
 
+    /// True while the window lives on a thread that is not the calling one.
+    bool LivesOnAnotherThread() const noexcept;
+
 private:
+    const DWORD m_dwCreatorThread = GetCurrentThreadId();
     CMutex m_Mutex; ///< orders firing against the helper's own destruction
     std::unique_ptr<EventWindow> m_pWindow;
 };
@@ -38,6 +42,9 @@ public:
     void Register(const GUID& guid);
     /// Hands a stream to the helper of a GUID; without one the events are lost.
     void Post(const GUID& guid, CprpPropertyCollection& collection, IqorStream& stream);
+    /// True while the library must stay loaded: only its own thread can destroy a helper's window, so unloading would
+    /// have to wait for a thread that may be waiting for this one.
+    bool HasHelperOnAnotherThread();
 
 private:
     struct SprpEventHelperInfo {

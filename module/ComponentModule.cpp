@@ -1,5 +1,6 @@
 #include "module/ComponentModule.h"
 
+#include "core/prpEventHelper.h"
 #include "frame/LanguageStrings.h"
 #include "platform/atl/Module.h"
 #include "platform/atl/windows/ModuleRegistration.h"
@@ -103,7 +104,7 @@ HRESULT CLV_prpPropCollectionModule::GetClassObject(REFCLSID clsid, REFIID iid, 
 
 HRESULT CLV_prpPropCollectionModule::CanUnloadNow() const
 {
-    return Module::LockCount() == 0 ? S_OK : S_FALSE;
+    return Module::LockCount() == 0 && !g_EventHelperList.HasHelperOnAnotherThread() ? S_OK : S_FALSE;
 }
 
 HRESULT CLV_prpPropCollectionModule::RegisterServer()

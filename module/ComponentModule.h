@@ -23,7 +23,9 @@ public:
     /// Selects the language library first. The classes of the five controls are known to the scripts and to the
     /// manifest, but not made by this build: asking for one gives CLASS_E_CLASSNOTAVAILABLE.
     HRESULT GetClassObject(REFCLSID clsid, REFIID iid, void** out);
-    /// S_OK when no object, class object or lock is left.
+    /// S_OK when no object, class object or lock is left, and no event helper of another thread. The helpers outlive
+    /// their collections: those of the calling thread go with the library, and one of another thread keeps the library
+    /// until that thread has ended.
     HRESULT CanUnloadNow() const;
     HRESULT RegisterServer();
     HRESULT UnregisterServer();

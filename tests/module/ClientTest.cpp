@@ -24,8 +24,9 @@ const LanguageOfHost kLanguagesOfHost[] = {{"7014", "EN"}, {"7015", "DE"}, {"701
 std::string Utf8(TextView text)
 {
     std::string out(3 * text.size(), '\0');
-    out.resize(static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()),
-                                                            out.data(), static_cast<int>(out.size()), nullptr, nullptr)));
+    out.resize(
+        static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), out.data(),
+                                                     static_cast<int>(out.size()), nullptr, nullptr)));
     return out;
 }
 
@@ -50,8 +51,8 @@ TEST(Client, MakesEveryDataClassByProgIdInACopiedFolder)
     folder.Install({"PropertyCollection", "Stream", "Settings"});
     const ClientRun run = folder.RunHosted("classes");
     EXPECT_EQ(run.exitCode, 0u) << run.output;
-    for (const char* name : {"prpProperty", "prpPropertyCollection", "prpHelpInfo", "prpVisibilityInfo", "strStream",
-                             "setSettings"}) {
+    for (const char* name :
+         {"prpProperty", "prpPropertyCollection", "prpHelpInfo", "prpVisibilityInfo", "strStream", "setSettings"}) {
         EXPECT_EQ(run.Value(std::string("Tolvarin.") + name), kAvailable) << name;
         EXPECT_EQ(run.Value(std::string("Tolvarin.") + name + ".1"), kAvailable) << name;
     }
@@ -62,8 +63,8 @@ TEST(Client, IsToldThatTheControlsAreNotAvailable)
     ComponentFolder folder;
     folder.Install({"PropertyCollection", "Stream", "Settings"});
     const ClientRun run = folder.RunHosted("classes");
-    for (const char* name : {"prpCollectionViewerCtrl", "prpInfoViewer", "prpGDTViewer", "prpLinearTolViewer",
-                             "prpPositionViewer"})
+    for (const char* name :
+         {"prpCollectionViewerCtrl", "prpInfoViewer", "prpGDTViewer", "prpLinearTolViewer", "prpPositionViewer"})
         EXPECT_EQ(run.Value(std::string("Tolvarin.") + name), kNotAvailable) << name;
 }
 
@@ -107,8 +108,7 @@ TEST(Client, IsWarnedOnceOfAnUnknownLanguageAndHearsEnglish)
     folder.SetLanguage("7018");
     const ClientRun run = folder.RunHosted("language");
     EXPECT_EQ(run.Value("boxes"), "1") << run.output;
-    EXPECT_EQ(run.Value("box"),
-              "Lumevor Error: Failed to read selected language. Using default language instead.");
+    EXPECT_EQ(run.Value("box"), "Lumevor Error: Failed to read selected language. Using default language instead.");
     EXPECT_THAT(run.Value("usage"), HasSubstr(" | " + BeginningOf(7011, "EN")));
     EXPECT_EQ(run.Value("library"), LibraryOf("EN"));
 }
@@ -137,8 +137,9 @@ TEST(Client, HearsLiteralTextsInSilenceWithoutASettingsComponent)
     const ClientRun run = folder.RunHosted("language");
     EXPECT_EQ(run.Value("boxes"), "0") << run.output;
     EXPECT_THAT(run.Value("internal"), StartsWith("Internal error in prpProperty"));
-    EXPECT_THAT(run.Value("usage"),
-                HasSubstr(" | Failed to load string 7011 from the resource dll - you may have to re-install the program"));
+    EXPECT_THAT(
+        run.Value("usage"),
+        HasSubstr(" | Failed to load string 7011 from the resource dll - you may have to re-install the program"));
 }
 
 TEST(Client, HearsEnglishInSilenceWhileTheSettingsHoldNoLanguage)
@@ -164,6 +165,27 @@ TEST(Client, SeesTheServerGoWithItsLastObjectAndComeAgain)
                           "no object: 1\n"
                           "after: 0\n"
                           "again: 1\n");
+}
+
+TEST(Client, KeepsTheServerWhileAnotherThreadDeliversItsEvents)
+{
+    ComponentFolder folder;
+    folder.Install({"PropertyCollection", "Stream", "Settings"});
+    const ClientRun run = folder.RunHosted("unload-beside-thread");
+    EXPECT_EQ(run.exitCode, 0u) << run.output;
+    EXPECT_EQ(run.output, "can unload beside it: 0\n"
+                          "beside it: 1\n"
+                          "can unload after it: 1\n"
+                          "after it: 0\n");
+}
+
+TEST(Client, MayEndWhileAnotherThreadHoldsACollection)
+{
+    ComponentFolder folder;
+    folder.Install({"PropertyCollection", "Stream", "Settings"});
+    const ClientRun run = folder.RunHosted("exit-beside-thread");
+    EXPECT_EQ(run.exitCode, 0u) << run.output;
+    EXPECT_EQ(run.output, "leaving\n");
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -76,8 +77,7 @@ HRESULT CreateByProgId(const wchar_t* progId, lumevor::Ref<IUnknown>& object)
 {
     CLSID clsid{};
     const HRESULT hr = CLSIDFromProgID(progId, &clsid);
-    return FAILED(hr) ? hr
-                      : CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, object.PutVoid());
+    return FAILED(hr) ? hr : CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, object.PutVoid());
 }
 
 /// Every class by both of its names.
@@ -180,6 +180,53 @@ void Unload()
     std::printf("again: %d\n", IsLoaded());
 }
 
+/// Whether the server waits for the thread on which the events of collections are delivered.
+void UnloadBesideThread()
+{
+    const HANDLE made = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    const HANDLE finish = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    HANDLE context = nullptr;
+    GetCurrentActCtx(&context);
+    std::thread worker([&] {
+        ULONG_PTR cookie = 0;
+        ActivateActCtx(context, &cookie);
+        CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+        (void)Collection::Create();
+        SetEvent(made);
+        WaitForSingleObject(finish, INFINITE); // looks at no message meanwhile
+        CoUninitialize();
+    });
+    WaitForSingleObject(made, INFINITE);
+    (void)Collection::Create();
+    std::printf("can unload beside it: %d\n", CanUnload());
+    CoFreeUnusedLibrariesEx(0, 0);
+    std::printf("beside it: %d\n", IsLoaded());
+    SetEvent(finish);
+    worker.join();
+    std::printf("can unload after it: %d\n", CanUnload());
+    CoFreeUnusedLibrariesEx(0, 0);
+    CoFreeUnusedLibrariesEx(0, 0);
+    std::printf("after it: %d\n", IsLoaded());
+}
+
+/// Ends the process while another thread still has a helper.
+void ExitBesideThread()
+{
+    const HANDLE made = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    HANDLE context = nullptr;
+    GetCurrentActCtx(&context);
+    std::thread([=] {
+        ULONG_PTR cookie = 0;
+        ActivateActCtx(context, &cookie);
+        CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+        const Collection living = Collection::Create();
+        SetEvent(made);
+        Sleep(INFINITE);
+    }).detach();
+    WaitForSingleObject(made, INFINITE);
+    std::printf("leaving\n");
+}
+
 /// Where the platform finds the type library by its number alone.
 void TypeLibrary()
 {
@@ -209,8 +256,14 @@ struct Command {
 };
 
 constexpr Command kCommands[] = {
-    {"classes", &Classes}, {"slice", &Slice},         {"language", &Language},
-    {"unload", &Unload},   {"typelib", &TypeLibrary}, {"keep", &Keep},
+    {"classes", &Classes},
+    {"slice", &Slice},
+    {"language", &Language},
+    {"unload", &Unload},
+    {"typelib", &TypeLibrary},
+    {"keep", &Keep},
+    {"unload-beside-thread", &UnloadBesideThread},
+    {"exit-beside-thread", &ExitBesideThread},
 };
 
 void Activate(const char* manifest)

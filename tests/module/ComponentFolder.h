@@ -57,8 +57,9 @@ public:
     void Install(std::initializer_list<std::string> assemblies)
     {
         std::ofstream manifest(m_path / "host.manifest");
-        manifest << "<assembly xmlns=\"urn:schemas-microsoft-com:asm.v1\" manifestVersion=\"1.0\">\n"
-                    "<assemblyIdentity type=\"win32\" name=\"Host\" version=\"1.0.0.0\" processorArchitecture=\"amd64\"/>\n";
+        manifest
+            << "<assembly xmlns=\"urn:schemas-microsoft-com:asm.v1\" manifestVersion=\"1.0\">\n"
+               "<assemblyIdentity type=\"win32\" name=\"Host\" version=\"1.0.0.0\" processorArchitecture=\"amd64\"/>\n";
         for (const std::string& assembly : assemblies) {
             Copy("Lumevor." + assembly + ".manifest");
             manifest << "<dependency><dependentAssembly><assemblyIdentity type=\"win32\" name=\"Lumevor." << assembly
@@ -80,7 +81,8 @@ public:
         SetEnvironmentVariableW(L"LUMEVOR_SETTINGS", (m_path / "Settings.ini").c_str());
         const std::filesystem::path out = m_path / "output.txt";
         SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-        const HANDLE file = CreateFileW(out.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited, CREATE_ALWAYS, 0, nullptr);
+        const HANDLE file =
+            CreateFileW(out.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited, CREATE_ALWAYS, 0, nullptr);
         STARTUPINFOW start{};
         start.cb = sizeof start;
         start.dwFlags = STARTF_USESTDHANDLES;

@@ -56,9 +56,9 @@ TEST_F(ServerFile, ExportsFourFunctionsAndNothingElse)
 
 TEST_F(ServerFile, DependsOnLibrariesOfTheSystemOnly)
 {
-    const std::vector<std::string> system = {"ADVAPI32.dll", "COMCTL32.dll", "COMDLG32.dll", "GDI32.dll", "IMM32.dll",
-                                             "KERNEL32.dll", "msvcrt.dll",   "ole32.dll",    "OLEAUT32.dll",
-                                             "RPCRT4.dll",   "SHELL32.dll",  "SHLWAPI.dll",  "USER32.dll"};
+    const std::vector<std::string> system = {
+        "ADVAPI32.dll", "COMCTL32.dll", "COMDLG32.dll", "GDI32.dll",   "IMM32.dll",   "KERNEL32.dll", "msvcrt.dll",
+        "ole32.dll",    "OLEAUT32.dll", "RPCRT4.dll",   "SHELL32.dll", "SHLWAPI.dll", "USER32.dll"};
     const auto* entry = At<IMAGE_IMPORT_DESCRIPTOR>(Directory(IMAGE_DIRECTORY_ENTRY_IMPORT).VirtualAddress);
     ASSERT_NE(entry->Name, 0u);
     for (; entry->Name; ++entry)

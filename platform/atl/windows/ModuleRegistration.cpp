@@ -41,10 +41,15 @@ HRESULT UnregisterOwnTypeLibrary(const Text& path)
     hr = library->GetLibAttr(&attributes);
     if (FAILED(hr))
         return hr;
-    hr = UnRegisterTypeLib(attributes->guid, attributes->wMajorVerNum, attributes->wMinorVerNum, attributes->lcid,
-                           attributes->syskind);
+    // A library that is not there is no failure, but systems differ in the code that they would give for it.
+    BSTR registered = nullptr;
+    if (SUCCEEDED(QueryPathOfRegTypeLib(attributes->guid, attributes->wMajorVerNum, attributes->wMinorVerNum,
+                                        attributes->lcid, &registered)))
+        hr = UnRegisterTypeLib(attributes->guid, attributes->wMajorVerNum, attributes->wMinorVerNum, attributes->lcid,
+                               attributes->syskind);
+    SysFreeString(registered);
     library->ReleaseTLibAttr(attributes);
-    return hr == TYPE_E_REGISTRYACCESS ? S_OK : hr; // it was not registered
+    return hr;
 }
 
 /// Runs a step of the removal and keeps the first failure.
