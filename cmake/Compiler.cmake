@@ -1,13 +1,13 @@
 # The target lv_sdk: what every translation unit is compiled with. The Windows build takes the SDK headers of
 # mingw-w64; the native one those of libwine-dev, of which no code is linked.
 add_library(lv_sdk INTERFACE)
-target_include_directories(lv_sdk INTERFACE ${CMAKE_SOURCE_DIR})
+target_include_directories(lv_sdk INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(lv_sdk INTERFACE
   $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror>
   # Equal results in both worlds: no fused multiply-add, no reordering of floating point.
   -ffp-contract=off -fno-fast-math
   # Reports name files from the root of the tree, wherever it was built.
-  -ffile-prefix-map=${CMAKE_SOURCE_DIR}/=)
+  -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
 if(WIN32)
   target_compile_definitions(lv_sdk INTERFACE UNICODE _UNICODE _WIN32_WINNT=0x0601 WINVER=0x0601 NOMINMAX)
   target_link_libraries(lv_sdk INTERFACE ole32 oleaut32 uuid rpcrt4 shlwapi shell32 advapi32 user32 gdi32)
@@ -19,7 +19,7 @@ else()
   target_compile_definitions(lv_sdk INTERFACE DECLSPEC_HIDDEN=)
   # Interface methods natively have the native calling convention; it must be the same in every translation unit.
   target_compile_options(lv_sdk INTERFACE
-    $<$<COMPILE_LANGUAGE:CXX>:SHELL:-include ${CMAKE_SOURCE_DIR}/platform/com/native/CallingConvention.h>)
+    $<$<COMPILE_LANGUAGE:CXX>:SHELL:-include ${PROJECT_SOURCE_DIR}/platform/com/native/CallingConvention.h>)
 endif()
 
 if(LV_SANITIZE)

@@ -9,9 +9,11 @@
 #                  SOURCES <...> LIBS <...> [RESOURCES <lines of the resource script>] [RESOURCE_FILES <...>])
 # exports what <name>.def beside the caller's CMakeLists.txt says and nothing else.
 #
-# lv_use_components(<program>) puts a manifest beside a program, so that it finds the component DLLs of its folder
-# without any registration.
+# lv_use_components(<program>) puts a program into the folder of the component DLLs, with a manifest by which it finds
+# them there without any registration. A project that includes this tree may call it, too.
 include_guard()
+set(LV_COMPONENT_FOLDER ${CMAKE_RUNTIME_OUTPUT_DIRECTORY} CACHE INTERNAL "folder of the component DLLs")
+set(LV_ASSEMBLY_VERSION ${PROJECT_VERSION} CACHE INTERNAL "version of the assemblies")
 set(LV_CLASS_TEMPLATE ${CMAKE_CURRENT_LIST_DIR}/Class.rgs.in)
 
 function(lv_com_class name)
@@ -68,7 +70,7 @@ function(lv_component_dll name)
   string(REPLACE "." "," version_numbers ${PROJECT_VERSION})
   get_filename_component(library ${version_TYPELIB} NAME)
   string(PREPEND version_RESOURCES "1 TYPELIB \"${library}\"\n${LV_REGISTRY_SCRIPTS}")
-  configure_file(${CMAKE_SOURCE_DIR}/cmake/Version.rc.in ${generated}/${name}.rc @ONLY)
+  configure_file(${PROJECT_SOURCE_DIR}/cmake/Version.rc.in ${generated}/${name}.rc @ONLY)
   get_filename_component(library_folder ${version_TYPELIB} DIRECTORY)
   set_source_files_properties(${generated}/${name}.rc PROPERTIES
     INCLUDE_DIRECTORIES "${generated};${library_folder}"
@@ -79,6 +81,8 @@ function(lv_component_dll name)
   target_link_libraries(${name} PRIVATE ${version_LIBS})
   target_link_options(${name} PRIVATE -Wl,--exclude-all-symbols)
 
+  install(TARGETS ${name} RUNTIME DESTINATION bin)
+  install(FILES ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${version_ASSEMBLY}.manifest DESTINATION bin)
   file(CONFIGURE OUTPUT ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${version_ASSEMBLY}.manifest @ONLY CONTENT
 "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>
 <assembly xmlns=\"urn:schemas-microsoft-com:asm.v1\" manifestVersion=\"1.0\">
@@ -95,15 +99,16 @@ function(lv_use_components program)
   foreach(assembly PropertyCollection Stream Settings)
     string(APPEND dependencies "    <dependency>
         <dependentAssembly>
-            <assemblyIdentity type=\"win32\" name=\"Lumevor.${assembly}\" version=\"${PROJECT_VERSION}\" processorArchitecture=\"amd64\"/>
+            <assemblyIdentity type=\"win32\" name=\"Lumevor.${assembly}\" version=\"${LV_ASSEMBLY_VERSION}\" processorArchitecture=\"amd64\"/>
         </dependentAssembly>
     </dependency>
 ")
   endforeach()
-  file(CONFIGURE OUTPUT ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${program}.exe.manifest @ONLY CONTENT
+  file(CONFIGURE OUTPUT ${LV_COMPONENT_FOLDER}/${program}.exe.manifest @ONLY CONTENT
 "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>
 <assembly xmlns=\"urn:schemas-microsoft-com:asm.v1\" manifestVersion=\"1.0\">
 @dependencies@</assembly>
 ")
+  set_target_properties(${program} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${LV_COMPONENT_FOLDER})
   add_dependencies(${program} LV_prpPropCollection LV_strStream LV_setSettings)
 endfunction()

@@ -2,7 +2,7 @@
 # [WINDOWS_ONLY | NATIVE_ONLY] [MAIN <file>] [LABELS ...] [RESOURCE_LOCK <name>]).
 enable_testing()
 include(GoogleTest)
-add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/gtest EXCLUDE_FROM_ALL)
+add_subdirectory(/usr/src/googletest ${PROJECT_BINARY_DIR}/gtest EXCLUDE_FROM_ALL)
 foreach(library gtest gtest_main gmock gmock_main)
   get_target_property(includes ${library} INTERFACE_INCLUDE_DIRECTORIES)
   set_target_properties(${library} PROPERTIES INTERFACE_SYSTEM_INCLUDE_DIRECTORIES "${includes}")
