@@ -20,7 +20,7 @@ template <class Element>
 void Empty(std::vector<Element>& elements)
 {
     if (elements.capacity() > kKeptRecords)
-        elements = {};
+        std::vector<Element>().swap(elements);
     elements.clear();
 }
 

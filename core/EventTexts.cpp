@@ -70,6 +70,11 @@ public:
             return Hand({reinterpret_cast<const OLECHAR*>(content), head.units}, buffer, capacity, length);
         case ValueText::Form::Number:
             return RenderNumber(ReadFrom<double>(content), head.decimals, buffer, capacity, length);
+        case ValueText::Form::Position: {
+            Text text;
+            AppendPosition(text, ReadFrom<SprpPosition>(content), head.decimals);
+            return Hand(text, buffer, capacity, length);
+        }
         case ValueText::Form::Signed:
         case ValueText::Form::Unsigned: {
             OLECHAR digits[kMaxFastNumber];
@@ -113,6 +118,14 @@ uint32_t PackText(const ValueText& text, std::vector<uint64_t>& out)
         std::memcpy(&out[at], &head, kWord);
         if (!units.empty())
             std::memcpy(&out[at + 1], units.data(), units.size() * sizeof(OLECHAR));
+        return bytes;
+    }
+    case ValueText::Form::Position: {
+        const SprpPosition position = text.Position();
+        bytes = kWord + sizeof position;
+        out.resize(at + bytes / kWord);
+        std::memcpy(&out[at], &head, kWord);
+        std::memcpy(&out[at + 1], &position, sizeof position);
         return bytes;
     }
     case ValueText::Form::Number: {

@@ -57,7 +57,7 @@ public:
 
     void Clear() noexcept
     {
-        m_places = {};
+        std::vector<Place>().swap(m_places);
         m_count = 0;
     }
 

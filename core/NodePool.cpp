@@ -1,6 +1,7 @@
 #include "core/NodePool.h"
 
 #include "core/ChunkStore.h"
+#include "platform/atl/Module.h"
 #include "platform/memory/MemoryMarks.h"
 
 #include <algorithm>
@@ -38,12 +39,14 @@ struct NodePool::Body {
     explicit Body(std::size_t bytes) : nodeBytes((std::max(bytes, sizeof(FreedNode)) + 7) & ~std::size_t{7})
     {
         assert(sizeof(PageHead) + nodeBytes <= kPageBytes);
+        Module::Lock();
     }
 
     ~Body()
     {
         for (const Chunk& chunk : chunks)
             ChunkStore::Give(chunk.memory, chunk.bytes);
+        Module::Unlock();
     }
 
     void* Allocate()
@@ -130,10 +133,15 @@ void* NodePool::Allocate()
     return m_pBody->Allocate();
 }
 
-void* NodePool::AllocateAlone(std::size_t nodeBytes)
+std::size_t NodePool::NodeBytes() const noexcept
 {
-    void* page = ::operator new (sizeof(PageHead) + nodeBytes, std::align_val_t{kPageBytes});
-    return new (page) PageHead{nullptr} + 1;
+    return m_pBody->nodeBytes;
+}
+
+void* NodePool::AllocateAlone(std::size_t nodeBytes) noexcept
+{
+    void* page = ::operator new (sizeof(PageHead) + nodeBytes, std::align_val_t{kPageBytes}, std::nothrow);
+    return page ? new (page) PageHead{nullptr} + 1 : nullptr;
 }
 
 void NodePool::Free(void* node) noexcept

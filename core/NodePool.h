@@ -3,7 +3,7 @@
 // Each page begins with the address of its pool's body, so a node can be given back without knowing its pool. Freed
 // nodes are used again first. The body and its chunks live until the pool AND the last node are gone, so a node may
 // outlive its collection. Chunks of a pool that is done go to a small store shared by the process, which saves the
-// next pool the system's work of clearing fresh pages.
+// next pool the system's work of clearing fresh pages. While a pool's body lives the module stays loaded.
 //
 // Threads: like the nodes themselves, a pool is guarded by its collection's transaction; the shared store guards
 // itself. Nodes that have outlived their pool may be freed on different threads at the same time.
@@ -19,11 +19,12 @@ public:
     NodePool(const NodePool&) = delete;
     NodePool& operator=(const NodePool&) = delete;
 
+    [[nodiscard]] std::size_t NodeBytes() const noexcept;
     /// Memory for one node. Throws std::bad_alloc.
     [[nodiscard]] void* Allocate();
 
-    /// Memory for a node that belongs to no pool, to be freed like all others.
-    [[nodiscard]] static void* AllocateAlone(std::size_t nodeBytes);
+    /// Memory for a node that belongs to no pool, to be freed like all others; null when there is none.
+    [[nodiscard]] static void* AllocateAlone(std::size_t nodeBytes) noexcept;
 
     /// Gives back what Allocate or AllocateAlone returned; null is allowed.
     static void Free(void* node) noexcept;

@@ -33,7 +33,7 @@ public:
             return;
         }
         Owner block(static_cast<Header*>(::operator new(sizeof(Header) + text.size() * sizeof(OLECHAR))));
-        block->length = text.size();
+        block->length = static_cast<uint32_t>(text.size());
         std::memcpy(reinterpret_cast<OLECHAR*>(block.get() + 1), text.data(), text.size() * sizeof(OLECHAR));
         m_block = std::move(block);
     }
@@ -41,7 +41,7 @@ public:
 
 private:
     struct Header {
-        std::size_t length;
+        uint32_t length; // units; a BSTR has no more either
     };
     struct Free {
         void operator()(Header* block) const noexcept { ::operator delete(block); }

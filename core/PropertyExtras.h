@@ -2,14 +2,18 @@
 #pragma once
 
 #include "LV_prpPropCollection.h"
+#include "core/Lazy.h"
+#include "core/PackedText.h"
 #include "core/PropertyNameText.h"
+#include "core/SiblingList.h"
 #include "core/prpTolerance.h"
 #include "platform/atl/ComPtr.h"
 #include "platform/com/Ole.h"
 
 #include <map>
-#include <memory>
 #include <vector>
+
+class CprpProperty;
 
 /// The name as given and its derived forms. Invariant: an empty name has empty forms.
 struct PropertyNames {
@@ -17,33 +21,28 @@ struct PropertyNames {
     PropertyNameForms forms;
 };
 
+/// The choices of an enumerated property.
+struct PropertyEnums {
+    std::vector<SprpEnumItem> items;
+    std::map<LONG, Text> texts; ///< literal item texts by enumeration value
+};
+
 struct PropertyExtras {
     LONG nameResID = 0; ///< string resource of the name; 0 none, -1 after a name given as text
     LONG linkedPropID = 0;
-    LONG_PTR hResModule = 0; ///< 0 stands for the collection's default module
+    LONG dataType = E_PROP_DT_NONE;     ///< of a type outside the enumeration
+    LONG listOwnerID = 0;               ///< of a redirected property: the parent on whose list it really is
+    LONG_PTR hResModule = 0;            ///< 0 stands for the collection's default module
+    SiblingList<CprpProperty> children; ///< one reference each
     SprpPosition position{};
-    PropertyNames names;
-    Text error;
-    Text warning;
+    PackedText error;
+    PackedText warning;
     CComBSTR invalidCharacters; ///< null when none were given
-    SprpBoundsInfo bounds{};
-    std::unique_ptr<CprpTolerance> tolerance; ///< null is the zero record
-    std::vector<SprpEnumItem> enumItems;
-    std::map<LONG, Text> enumStrings; ///< literal item texts by enumeration value
-    std::vector<SprpPosition> scanPath;
+    Lazy<PropertyNames> names;
+    Lazy<SprpBoundsInfo> bounds;
+    Lazy<CprpTolerance> tolerance;
+    Lazy<PropertyEnums> enums;
+    Lazy<std::vector<SprpPosition>> scanPath;
     CComPtr<IprpVisibilityInfo> visibilityInfo;
     CComPtr<IprpVisibilityInfo> postProcVisibilityInfo;
-
-    const CprpTolerance& Tolerance() const
-    {
-        static const CprpTolerance s_zero;
-        return tolerance ? *tolerance : s_zero;
-    }
-
-    /// What a property without extras reads.
-    static const PropertyExtras& None() noexcept
-    {
-        static const PropertyExtras s_none;
-        return s_none;
-    }
 };

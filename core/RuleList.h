@@ -13,7 +13,11 @@ class CprpProperty;
 class RuleList {
 public:
     void Add(CprpProperty& property) { m_bearers.insert(&property); }
-    void Remove(CprpProperty& property) noexcept { m_bearers.erase(&property); }
+    void Remove(CprpProperty& property) noexcept
+    {
+        if (!m_bearers.empty())
+            m_bearers.erase(&property);
+    }
     void Clear() noexcept { m_bearers.clear(); }
     bool Contains(CprpProperty& property) const { return m_bearers.contains(&property); }
 

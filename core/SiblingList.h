@@ -1,8 +1,8 @@
-// An ordered list of siblings whose links lie in the siblings themselves: append, unlink, the next one and the
-// question whether a node is on this very list cost the same at any length.
+// An ordered list of siblings whose links lie in the siblings themselves: append, unlink and the next one cost the
+// same at any length.
 //
-// Invariant: a node is on one list at most, and knows which. The list owns nothing and takes no references: whoever
-// appends a node holds it, and unlinks it before it goes.
+// Invariant: a node is on one list at most, and knows whether, not which: whoever unlinks it knows that. The list owns
+// nothing and takes no references: whoever appends a node holds it, and unlinks it before it goes.
 #pragma once
 
 #include <cassert>
@@ -21,8 +21,8 @@ public:
     SiblingLinks& operator=(const SiblingLinks&) = delete;
 
     [[nodiscard]] Node* NextSibling() const noexcept { return m_pNext; }
-    [[nodiscard]] Node* PreviousSibling() const noexcept { return m_pPrevious; }
-    [[nodiscard]] bool IsOnAList() const noexcept { return m_pList != nullptr; }
+    [[nodiscard]] Node* PreviousSibling() const noexcept { return IsOnAList() ? m_pPrevious : nullptr; }
+    [[nodiscard]] bool IsOnAList() const noexcept { return static_cast<const SiblingLinks*>(m_pPrevious) != this; }
 
 protected:
     ~SiblingLinks() = default;
@@ -30,9 +30,8 @@ protected:
 private:
     friend class SiblingList<Node>;
 
-    Node* m_pPrevious = nullptr;
+    Node* m_pPrevious = static_cast<Node*>(this); // itself while on no list
     Node* m_pNext = nullptr;
-    const SiblingList<Node>* m_pList = nullptr;
 };
 
 template <class Node>
@@ -63,7 +62,6 @@ public:
     [[nodiscard]] Node* Last() const noexcept { return m_pLast; }
     [[nodiscard]] std::size_t Count() const noexcept { return m_nCount; }
     [[nodiscard]] bool IsEmpty() const noexcept { return m_pFirst == nullptr; }
-    [[nodiscard]] bool Contains(const Node& node) const noexcept { return LinksOf(node).m_pList == this; }
     [[nodiscard]] Iterator begin() const noexcept { return Iterator(m_pFirst); }
     [[nodiscard]] Iterator end() const noexcept { return Iterator(nullptr); }
 
@@ -71,8 +69,7 @@ public:
     void Append(Node& node) noexcept
     {
         auto& links = LinksOf(node);
-        assert(!links.m_pList);
-        links.m_pList = this;
+        assert(!links.IsOnAList());
         links.m_pPrevious = m_pLast;
         (m_pLast ? LinksOf(*m_pLast).m_pNext : m_pFirst) = &node;
         m_pLast = &node;
@@ -83,11 +80,11 @@ public:
     void Unlink(Node& node) noexcept
     {
         auto& links = LinksOf(node);
-        assert(Contains(node));
+        assert(links.IsOnAList());
         (links.m_pPrevious ? LinksOf(*links.m_pPrevious).m_pNext : m_pFirst) = links.m_pNext;
         (links.m_pNext ? LinksOf(*links.m_pNext).m_pPrevious : m_pLast) = links.m_pPrevious;
-        links.m_pPrevious = links.m_pNext = nullptr;
-        links.m_pList = nullptr;
+        links.m_pPrevious = &node;
+        links.m_pNext = nullptr;
         --m_nCount;
     }
 
@@ -106,7 +103,7 @@ public:
         std::size_t seen = 0;
         const Node* previous = nullptr;
         for (const Node* node = m_pFirst; node; previous = std::exchange(node, node->NextSibling())) {
-            if (!Contains(*node) || node->PreviousSibling() != previous || ++seen > m_nCount)
+            if (!node->IsOnAList() || node->PreviousSibling() != previous || ++seen > m_nCount)
                 return false;
         }
         return previous == m_pLast && seen == m_nCount;

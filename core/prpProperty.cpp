@@ -1,6 +1,7 @@
 // The property as an object: its life, its place in the tree and its typed accessors.
 #include "core/prpProperty.h"
 
+#include "core/DataTypes.h"
 #include "core/NumberRules.h"
 #include "core/prpPropertyCollection.h"
 #include "frame/NumberText.h"
@@ -48,17 +49,18 @@ ULONG CprpProperty::InternalRelease()
 
 void CprpProperty::FinalRelease()
 {
-    while (CprpProperty* child = m_ChildList.TakeFirst())
-        static_cast<IqorProperty*>(child)->Release();
+    if (!Children().IsEmpty()) {
+        while (CprpProperty* child = MakeExtras().children.TakeFirst())
+            static_cast<IqorProperty*>(child)->Release();
+    }
     if (m_pCollection)
         m_pCollection->Forget(*this);
     m_pCollection = nullptr;
-    m_pExtras.reset();
+    m_pExtras.Clear();
 }
 
-void CprpProperty::Enter(CprpPropertyCollection& collection, LONG id, LONG parentId) noexcept
+void CprpProperty::Name(LONG id, LONG parentId) noexcept
 {
-    m_pCollection = &collection;
     m_nPropID = id;
     m_nParentID = parentId;
 }
@@ -67,7 +69,7 @@ void CprpProperty::Initialise(bool alwaysSave, LONG editFlags, LONG dataType, LO
 {
     m_bAlwaysSave = alwaysSave;
     m_nEditFlags = editFlags;
-    m_eDataType = dataType;
+    PutDataType(dataType);
     if (hModule != 0)
         MakeExtras().hResModule = hModule;
     if (linkedId > 0)
@@ -88,13 +90,6 @@ void CprpProperty::InitialiseDisplay(bool visible, bool readOnly) noexcept
     // On purpose: the flag of post-processing stays set, so that a property added hidden still has its error text.
     m_bVisible = visible;
     m_bReadOnly = readOnly;
-}
-
-PropertyExtras& CprpProperty::MakeExtras()
-{
-    if (!m_pExtras)
-        m_pExtras = std::make_unique<PropertyExtras>();
-    return *m_pExtras;
 }
 
 bool CprpProperty::InTransaction() const noexcept
@@ -128,23 +123,34 @@ void CprpProperty::QueueValueEdit(const ValueText& oldText)
     Owner().QueueDataEvent(m_nPropID, E_PROP_EVENT_PROP_EDITED, oldText, false);
 }
 
+void CprpProperty::PutDataType(LONG type)
+{
+    if (type >= kDataTypeCount)
+        MakeExtras().dataType = type;
+    m_eDataType = type < kDataTypeCount ? static_cast<uint8_t>(type) : kUnknownType;
+}
+
+void CprpProperty::ReportParent(LONG parentId)
+{
+    if (parentId == m_nParentID)
+        return;
+    if (!m_bRedirected)
+        MakeExtras().listOwnerID = m_nParentID;
+    m_bRedirected = parentId != Extras().listOwnerID;
+    m_nParentID = parentId;
+}
+
 CprpProperty* CprpProperty::GetNextSiblingOrUp() const
 {
-    const CprpProperty* node = this;
-    for (;;) {
+    for (const CprpProperty* node = this;;) {
         const CprpPropertyCollection& collection = node->Owner();
-        CprpProperty* const parent =
-            node->m_nParentID == E_PROP_ID_TOP_LEVEL ? nullptr : collection.Find(node->m_nParentID);
-        const bool topLevel = node->m_nParentID == E_PROP_ID_TOP_LEVEL;
-        const SiblingList<CprpProperty>* const list =
-            topLevel ? &collection.TopLevel() : (parent ? &parent->m_ChildList : nullptr);
-        if (!list || !list->Contains(*node))
+        if (!node->IsOnListOf(node->m_nParentID))
             ThrowInternal();
         if (CprpProperty* next = node->NextSibling())
             return next;
-        if (topLevel)
+        if (node->m_nParentID == E_PROP_ID_TOP_LEVEL)
             return nullptr;
-        node = parent;
+        node = collection.Find(node->m_nParentID);
     }
 }
 
@@ -166,12 +172,12 @@ STDMETHODIMP CprpProperty::GetNextChildProperty(LONG PropID, LONG* NextPropID, E
         *PropError = E_PROP_ERROR_NONE;
         *NextPropID = E_PROP_ID_INVALID;
         *NextChildProperty = nullptr;
-        CprpProperty* next = m_ChildList.First();
+        CprpProperty* next = Children().First();
         if (PropID != E_PROP_ID_INVALID) {
             const CprpProperty* known = Owner().Find(PropID);
             if (!known)
                 *PropError = E_PROP_ERROR_PROP_ID_NOT_FOUND;
-            next = known && m_ChildList.Contains(*known) ? known->NextSibling() : nullptr;
+            next = known && known->IsOnListOf(Id()) ? known->NextSibling() : nullptr;
         }
         if (next) {
             *NextPropID = next->Id();
@@ -216,7 +222,7 @@ STDMETHODIMP CprpProperty::GetCount(LONG* Count)
     return InFrame(kOrigin, OLESTR("CprpProperty::GetCount"), [&](const Checks& require) {
         require.Pointer(Count, OLESTR("pnCount"));
         require.Transaction(InTransaction());
-        *Count = static_cast<LONG>(m_ChildList.Count());
+        *Count = static_cast<LONG>(Children().Count());
     });
 }
 
@@ -237,7 +243,7 @@ STDMETHODIMP CprpProperty::SetParentProperty(LONG ParentPropID)
     return InFrame(kOrigin, OLESTR("CprpProperty::SetParentProperty"), [&](const Checks& require) {
         require.Transaction(InTransaction());
         // On purpose: the child lists stay as they are and nothing is announced; hosts use it to redirect a walk.
-        m_nParentID = Owner().Find(ParentPropID) ? ParentPropID : LONG{E_PROP_ID_TOP_LEVEL};
+        ReportParent(Owner().Find(ParentPropID) ? ParentPropID : LONG{E_PROP_ID_TOP_LEVEL});
     });
 }
 
@@ -258,7 +264,7 @@ STDMETHODIMP CprpProperty::SetDataType(EprpPropDataType DataType)
     return InFrame(kOrigin, OLESTR("CprpProperty::SetDataType"), [&](const Checks& require) {
         require.NotNegative(static_cast<LONG>(DataType));
         require.Transaction(InTransaction());
-        m_eDataType = static_cast<LONG>(DataType);
+        PutDataType(static_cast<LONG>(DataType));
     });
 }
 

@@ -5,13 +5,15 @@
 
 #include "LV_prpPropCollection.h"
 #include "core/IdIndex.h"
+#include "core/NodePool.h"
 #include "core/PropertyExtras.h"
 #include "core/SiblingList.h"
 #include "core/ValueText.h"
 #include "frame/MethodFrame.h"
 #include "platform/atl/ComObject.h"
 
-#include <memory>
+#include <cassert>
+#include <new>
 
 class CprpPropertyCollection;
 
@@ -25,6 +27,20 @@ public:
     using Interfaces = InterfaceList<IqorProperty, ISupportErrorInfo>;
 
     CprpProperty() = default;
+
+    // Properties of a collection live in its pool; one that is made bare lives alone.
+    static void* operator new([[maybe_unused]] std::size_t bytes, NodePool& pool)
+    {
+        assert(bytes <= pool.NodeBytes());
+        return pool.Allocate();
+    }
+    static void* operator new(std::size_t bytes, const std::nothrow_t&) noexcept
+    {
+        return NodePool::AllocateAlone(bytes);
+    }
+    static void operator delete(void* memory) noexcept { NodePool::Free(memory); }
+    static void operator delete(void* memory, NodePool&) noexcept { NodePool::Free(memory); }
+    static void operator delete(void* memory, const std::nothrow_t&) noexcept { NodePool::Free(memory); }
 
     /// Counts on the owning collection as well; the figure is there for a debugger.
     ULONG InternalAddRef();
@@ -110,7 +126,10 @@ public:
 
     /// Id of the parent as it is reported: E_PROP_ID_TOP_LEVEL, a living parent's, or that of a parent that is gone.
     LONG ParentId() const noexcept { return m_nParentID; }
-    EprpPropDataType DataType() const noexcept { return static_cast<EprpPropDataType>(m_eDataType); }
+    EprpPropDataType DataType() const noexcept
+    {
+        return static_cast<EprpPropDataType>(m_eDataType == kUnknownType ? Extras().dataType : m_eDataType);
+    }
     bool Visible() const noexcept { return m_bVisible; }
     bool ReadOnly() const noexcept { return m_bReadOnly; }
     bool AlwaysSave() const noexcept { return m_bAlwaysSave; }
@@ -121,14 +140,21 @@ public:
     IprpVisibilityInfo* VisibilityInfo() const noexcept { return Extras().visibilityInfo; }
     IprpVisibilityInfo* PostProcVisibilityInfo() const noexcept { return Extras().postProcVisibilityInfo; }
 
-    SiblingList<CprpProperty>& Children() noexcept { return m_ChildList; }
-    const SiblingList<CprpProperty>& Children() const noexcept { return m_ChildList; }
+    const SiblingList<CprpProperty>& Children() const noexcept { return Extras().children; }
+    SiblingList<CprpProperty>& ChildrenToChange() { return MakeExtras().children; }
+    /// Whether the property is on the list of that parent, whatever parent it reports.
+    bool IsOnListOf(LONG parentId) const noexcept
+    {
+        return IsOnAList() && parentId == (m_bRedirected ? Extras().listOwnerID : m_nParentID);
+    }
     /// The property behind this one in a depth-first walk that does not descend: a sibling, else the parent's.
     /// Raises an internal error when the property is not on the list it should be on.
     CprpProperty* GetNextSiblingOrUp() const;
 
     /// Gives a new object its id and its reported parent. Lists, index and references are the caller's.
-    void Enter(CprpPropertyCollection& collection, LONG id, LONG parentId) noexcept;
+    void Name(LONG id, LONG parentId) noexcept;
+    /// From now on the collection answers for it.
+    void Enter(CprpPropertyCollection& collection) noexcept { m_pCollection = &collection; }
     // The last steps of adding a property, in this order and without events.
     void Initialise(bool alwaysSave, LONG editFlags, LONG dataType, LONG_PTR hModule, LONG linkedId);
     /// Loads and parses a name resource; 0 leaves the name alone, -1 stands for a name that will be given as text.
@@ -165,9 +191,13 @@ public:
 
 private:
     static const Origin kOrigin;
+    /// Stands for a type outside the enumeration, which has no rule; the extras tell which.
+    static constexpr uint8_t kUnknownType = 0xFF;
 
-    const PropertyExtras& Extras() const noexcept { return m_pExtras ? *m_pExtras : PropertyExtras::None(); }
-    PropertyExtras& MakeExtras();
+    const PropertyExtras& Extras() const noexcept { return *m_pExtras; }
+    PropertyExtras& MakeExtras() { return m_pExtras.Make(); }
+    void ReportParent(LONG parentId);
+    void PutDataType(LONG type);
     bool InTransaction() const noexcept;
     /// The owning collection; raises an internal error when it is gone.
     CprpPropertyCollection& Owner(CallSite at = CallSite::current()) const;
@@ -188,7 +218,9 @@ private:
     bool ParseValue(TextView text);
     bool ParsePosition(TextView text);
     void ScaleValue(double factor);
-    void CopyEnumStrings(const PropertyExtras& source);
+    void ScaleBounds(double factor);
+    void CopyExtras(const PropertyExtras& source);
+    void CopyEnums(const PropertyEnums& source);
 
     // Names
     bool LoadResourceString(Text& target, LONG id) const;
@@ -201,10 +233,10 @@ private:
     bool PutScanPathPoint(LONG index, const SprpPosition& point);
 
     LONG m_nParentID = E_PROP_ID_TOP_LEVEL;
-    LONG m_eDataType = E_PROP_DT_NONE; ///< any value from 0 up is stored
     LONG m_nEditFlags = 0;
     LONG m_nLong = 0;
 
+    uint8_t m_eDataType = E_PROP_DT_NONE; ///< or kUnknownType
     bool m_bVisible : 1 = true;
     bool m_bVisibleForPostProc : 1 = true;
     bool m_bReadOnly : 1 = false;
@@ -212,11 +244,10 @@ private:
     bool m_bWarning : 1 = false;
     bool m_bAlwaysSave : 1 = true;
     bool m_bNoUnitConvert : 1 = false;
+    bool m_bRedirected : 1 = false; ///< reports another parent than the one on whose list it is
 
     double m_dbDouble = 0;
-    ValueText m_Value;                         ///< the value of text types; the last rendering of the others
-    std::unique_ptr<PropertyExtras> m_pExtras; ///< made on first need
-
+    ValueText m_Value; ///< the value of text types; the last rendering of the others
+    Lazy<PropertyExtras> m_pExtras;
     CprpPropertyCollection* m_pCollection = nullptr; ///< not counted; null when detached
-    SiblingList<CprpProperty> m_ChildList;           ///< one reference each
 };

@@ -5,6 +5,7 @@
 #include "frame/TextTools.h"
 
 #include <limits>
+#include <memory>
 
 const Origin CprpPropertyCollection::kOrigin{CLSID_prpPropertyCollection, IID_IqorPropertyCollection};
 
@@ -117,18 +118,20 @@ CprpProperty& CprpPropertyCollection::AddInternal(LONG id, LONG parentId)
         if (!parent)
             ThrowFormatted(CallSite::current(), kInvalidParameterIdText, OLESTR("nParentPropID"),
                            OLESTR("CprpPropertyCollection::AddProperty"));
-        list = &parent->Children();
+        list = &parent->ChildrenToChange();
     }
     if (Find(id))
         ThrowInternal();
 
-    CComObject<CprpProperty>* property = nullptr;
-    Must(CComObject<CprpProperty>::CreateInstance(&property));
-    property->Enter(*this, id, parentId);
-    m_mapProperties.Insert(*property);
-    list->Append(*property); // the list owns the reference of the creation
-    QueueEvent(id, E_PROP_EVENT_PROP_ADDED, false);
-    return *property;
+    std::unique_ptr<PooledProperty> fresh(new (m_Pool) PooledProperty);
+    fresh->Name(id, parentId);
+    m_mapProperties.Insert(*fresh);
+    CprpProperty& property = *fresh.release();
+    property.InternalAddRef(); // of the list
+    property.Enter(*this);
+    list->Append(property);
+    QueueAddEvent(id, parentId);
+    return property;
 }
 
 /// Takes a property out of the tree. Its children go with it, unannounced, once nobody holds it any more; until then
@@ -158,9 +161,9 @@ STDMETHODIMP CprpPropertyCollection::RemoveProperty(LONG PropID, EprpPropError* 
                 *PropError = E_PROP_ERROR_PARENT_PROP_ID_NOT_FOUND;
                 return;
             }
-            list = &parent->Children();
+            list = &parent->ChildrenToChange();
         }
-        if (!list->Contains(*property))
+        if (!property->IsOnListOf(property->ParentId()))
             ThrowInternal();
         list->Unlink(*property);
         static_cast<IqorProperty*>(property)->Release();
@@ -189,7 +192,7 @@ STDMETHODIMP CprpPropertyCollection::GetNextProperty(LONG PropID, LONG* NextProp
             const CprpProperty* known = Find(PropID);
             if (!known)
                 *PropError = E_PROP_ERROR_PROP_ID_NOT_FOUND;
-            next = known && m_listTopLevel.Contains(*known) ? known->NextSibling() : nullptr;
+            next = known && known->IsOnListOf(E_PROP_ID_TOP_LEVEL) ? known->NextSibling() : nullptr;
         }
         *NextPropID = next ? next->Id() : LONG{E_PROP_ID_INVALID};
         *NextProperty = Handed(next);

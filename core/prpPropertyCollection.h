@@ -101,6 +101,7 @@ public:
     static CprpProperty* NextInWalk(CprpProperty& property);
 
     void QueueEvent(LONG id, EprpEventType type, bool visibilityChanged);
+    void QueueAddEvent(LONG id, LONG parentId);
     void QueueDataEvent(LONG id, EprpEventType type, const ValueText& text, bool visibilityChanged);
     HRESULT Fire_PropertyEventStream(IqorStream* stream) { return m_Events.Fire_PropertyEventStream(stream); }
 
@@ -141,6 +142,9 @@ private:
     Text ReplaceByKept(const SavedRecord& saved, LONG categoryId);
     void RemoveLinkedTo(LONG id);
 
+    /// The pool keeps the module loaded while any of them lives, so that not every one has to.
+    using PooledProperty = CComObjectNoLock<CprpProperty>;
+
     TransactionLock m_Mutex;
     std::atomic<DWORD> m_dwTransactionThread{0}; ///< for the text of a failed start only
     std::atomic<bool> m_bInTransaction{false};   ///< says that some thread runs a transaction, not which one
@@ -148,6 +152,7 @@ private:
     bool m_bSaveReadOnlyStates = true;
     bool m_bSaveEditFlags = true;
 
+    NodePool m_Pool{sizeof(PooledProperty)};
     IdIndex<CprpProperty> m_mapProperties;    ///< every living property, at any depth
     SiblingList<CprpProperty> m_listTopLevel; ///< one reference each
     RuleList m_Rules;

@@ -102,9 +102,16 @@ void CprpPropertyCollection::QueueEvent(LONG id, EprpEventType type, bool visibi
     if (!m_bFireEvents)
         return;
     StampEvent(id, type);
-    SprpEventInfo record = EventRecord(id, type, visibilityChanged);
-    if (type == E_PROP_EVENT_PROP_ADDED)
-        record.nLong1 = Find(id)->ParentId();
+    m_Queue.Append(EventRecord(id, type, visibilityChanged));
+}
+
+void CprpPropertyCollection::QueueAddEvent(LONG id, LONG parentId)
+{
+    if (!m_bFireEvents)
+        return;
+    StampEvent(id, E_PROP_EVENT_PROP_ADDED);
+    SprpEventInfo record = EventRecord(id, E_PROP_EVENT_PROP_ADDED, false);
+    record.nLong1 = parentId;
     m_Queue.Append(record);
 }
 

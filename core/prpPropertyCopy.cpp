@@ -4,31 +4,6 @@
 
 #include <algorithm>
 
-namespace {
-
-PropertyExtras CopyOf(const PropertyExtras& source)
-{
-    PropertyExtras copy;
-    copy.nameResID = source.nameResID;
-    copy.linkedPropID = source.linkedPropID;
-    copy.hResModule = source.hResModule;
-    copy.position = source.position;
-    copy.names = source.names;
-    copy.error = source.error;
-    if (source.invalidCharacters)
-        copy.invalidCharacters = CComBSTR(source.invalidCharacters.View());
-    copy.bounds = source.bounds;
-    if (source.tolerance)
-        copy.tolerance = std::make_unique<CprpTolerance>(*source.tolerance);
-    copy.enumItems = source.enumItems;
-    copy.scanPath = source.scanPath;
-    copy.visibilityInfo = source.visibilityInfo; // rules are shared
-    copy.postProcVisibilityInfo = source.postProcVisibilityInfo;
-    return copy;
-}
-
-} // namespace
-
 void CprpProperty::CopyFrom(const CprpProperty& source, CprpPropertyCollection& target)
 {
     // On purpose left out: m_bNoUnitConvert, m_bVisibleForPostProc, m_bWarning and the warning text start anew in a
@@ -42,24 +17,44 @@ void CprpProperty::CopyFrom(const CprpProperty& source, CprpPropertyCollection& 
     m_nLong = source.m_nLong;
     m_dbDouble = source.m_dbDouble;
     m_Value = source.m_Value;
-    if (source.m_pExtras) {
-        m_pExtras = std::make_unique<PropertyExtras>(CopyOf(*source.m_pExtras));
-        CopyEnumStrings(*source.m_pExtras);
-        if (m_pExtras->visibilityInfo || m_pExtras->postProcVisibilityInfo)
-            target.NoteRule(*this);
-    }
-    for (const CprpProperty& child : source.m_ChildList)
+    if (source.m_pExtras)
+        CopyExtras(source.Extras());
+    if (VisibilityInfo() || PostProcVisibilityInfo())
+        target.NoteRule(*this);
+    for (const CprpProperty& child : source.Children())
         target.AddInternal(child.Id(), Id()).CopyFrom(child, target);
 }
 
-void CprpProperty::CopyEnumStrings(const PropertyExtras& source)
+void CprpProperty::CopyExtras(const PropertyExtras& source)
 {
-    for (const auto& [value, text] : source.enumStrings) {
+    PropertyExtras& extras = MakeExtras();
+    extras.nameResID = source.nameResID;
+    extras.linkedPropID = source.linkedPropID;
+    extras.dataType = source.dataType;
+    extras.hResModule = source.hResModule;
+    extras.position = source.position;
+    extras.error = source.error;
+    if (source.invalidCharacters)
+        extras.invalidCharacters = CComBSTR(source.invalidCharacters.View());
+    extras.names = source.names;
+    extras.bounds = source.bounds;
+    extras.tolerance = source.tolerance;
+    extras.scanPath = source.scanPath;
+    extras.visibilityInfo = source.visibilityInfo; // rules are shared
+    extras.postProcVisibilityInfo = source.postProcVisibilityInfo;
+    if (source.enums)
+        CopyEnums(*source.enums);
+}
+
+void CprpProperty::CopyEnums(const PropertyEnums& source)
+{
+    PropertyEnums& enums = MakeExtras().enums.Make();
+    enums.items = source.items;
+    for (const auto& [value, text] : source.texts) {
         const auto holds = [wanted = value](const SprpEnumItem& item) { return item.eEnumValue == wanted; };
-        const auto item = std::find_if(m_pExtras->enumItems.begin(), m_pExtras->enumItems.end(), holds);
-        if (item == m_pExtras->enumItems.end())
+        if (std::none_of(enums.items.begin(), enums.items.end(), holds))
             continue; // a text whose value no longer stands in the items is dropped
-        m_pExtras->enumStrings[value] = text;
+        enums.texts[value] = text;
         QueueStateEdit(); // a text entered announces itself, here into the queue of the clone
     }
 }

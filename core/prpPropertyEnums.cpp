@@ -47,7 +47,7 @@ STDMETHODIMP CprpProperty::GetEnumByIndex(LONG* Index, LONG* Value, BSTR* EnumIt
         require.Transaction(InTransaction());
 
         *Value = -1;
-        const std::vector<SprpEnumItem>& items = Extras().enumItems;
+        const std::vector<SprpEnumItem>& items = Extras().enums->items;
         auto at = static_cast<std::size_t>(*Index);
         while (at < items.size() && !IterateInvisibleProperties && !items[at].bShow)
             ++at;
@@ -77,7 +77,7 @@ STDMETHODIMP CprpProperty::AddEnumItem(LONG Index, SprpEnumItem* EnumItem)
         item.StringResID = EnumItem->StringResID;
         item.bShow = Out(In(EnumItem->bShow));
 
-        std::vector<SprpEnumItem>& items = MakeExtras().enumItems;
+        std::vector<SprpEnumItem>& items = MakeExtras().enums.Make().items;
         const auto at = static_cast<std::size_t>(Index);
         if (at >= kMostItems)
             throw std::length_error("enumeration items");
@@ -105,7 +105,7 @@ STDMETHODIMP CprpProperty::GetEnumInfo(SprpEnumItem* EnumItem, BSTR* ValueAsStri
         require.Transaction(InTransaction());
 
         *Success = VARIANT_FALSE;
-        const std::vector<SprpEnumItem>& items = Extras().enumItems;
+        const std::vector<SprpEnumItem>& items = Extras().enums->items;
         const auto found = std::find_if(items.begin(), items.end(), [&](const SprpEnumItem& item) {
             return item.eEnumValue == EnumItem->eEnumValue;
         });
@@ -126,7 +126,7 @@ STDMETHODIMP CprpProperty::ShowEnumItem(LONG Index, VARIANT_BOOL Show)
     return InFrame(kOrigin, OLESTR("CprpProperty::ShowEnumItem"), [&](const Checks& require) {
         require.Transaction(InTransaction());
         require.NotNegative(Index);
-        ItemAt(MakeExtras().enumItems, Index).bShow = Out(In(Show));
+        ItemAt(MakeExtras().enums.Make().items, Index).bShow = Out(In(Show));
     });
 }
 
@@ -138,8 +138,8 @@ STDMETHODIMP CprpProperty::AddEnumItemString(LONG Index, BSTR EnumString)
     return InFrame(kOrigin, OLESTR("CprpProperty::AddEnumItemString"), [&](const Checks& require) {
         require.Transaction(InTransaction());
         require.NotNegative(Index);
-        PropertyExtras& extras = MakeExtras();
-        extras.enumStrings[ItemAt(extras.enumItems, Index).eEnumValue] = ViewOf(EnumString);
+        PropertyEnums& enums = MakeExtras().enums.Make();
+        enums.texts[ItemAt(enums.items, Index).eEnumValue] = ViewOf(EnumString);
         QueueStateEdit();
     });
 }
@@ -149,8 +149,9 @@ Text CprpProperty::EnumItemText(const SprpEnumItem& item) const
     Text text;
     if (LoadParsedResourceString(text, item.StringResID))
         return text;
-    const auto literal = Extras().enumStrings.find(item.eEnumValue);
-    return literal == Extras().enumStrings.end() ? Text() : literal->second;
+    const std::map<LONG, Text>& texts = Extras().enums->texts;
+    const auto literal = texts.find(item.eEnumValue);
+    return literal == texts.end() ? Text() : literal->second;
 }
 
 /// Limits for the host to apply: kept, cloned, and where custom and of a length scaled by a unit conversion. No setter
@@ -159,7 +160,7 @@ STDMETHODIMP CprpProperty::SetPropertyBounds(SprpBoundsInfo* BoundsInfo)
 {
     return InFrame(kOrigin, OLESTR("CprpProperty::SetPropertyBounds"), [&](const Checks& require) {
         require.Pointer(BoundsInfo, OLESTR("psBoundsInfo"));
-        MakeExtras().bounds = *BoundsInfo;
+        MakeExtras().bounds.Make() = *BoundsInfo;
     });
 }
 
@@ -168,7 +169,7 @@ STDMETHODIMP CprpProperty::GetPropertyBounds(SprpBoundsInfo* BoundsInfo)
 {
     return InFrame(kOrigin, OLESTR("CprpProperty::GetPropertyBounds"), [&](const Checks& require) {
         require.Pointer(BoundsInfo, OLESTR("psBoundsInfo"));
-        *BoundsInfo = Extras().bounds;
+        *BoundsInfo = *Extras().bounds;
     });
 }
 

@@ -212,7 +212,7 @@ STDMETHODIMP CprpProperty::GetErrorString(BSTR* ErrorString)
         require.EmptyString(ErrorString, OLESTR("pbstrErrorString"));
         require.Transaction(InTransaction());
         if (m_bVisible || m_bVisibleForPostProc)
-            *ErrorString = NewBstr(Extras().error);
+            *ErrorString = NewBstr(Extras().error.View());
     });
 }
 
@@ -229,8 +229,8 @@ STDMETHODIMP CprpProperty::SetErrorString(BSTR ErrorString)
 void CprpProperty::SetErrorText(TextView text)
 {
     // A change of case alone keeps the old spelling; the flag follows the text in any case, without an event.
-    if (!EqualsIgnoringCase(text, Extras().error)) {
-        MakeExtras().error.assign(text);
+    if (!EqualsIgnoringCase(text, Extras().error.View())) {
+        MakeExtras().error.Assign(text);
         QueueStateEdit();
     }
     m_bValid = text.empty();
@@ -246,7 +246,7 @@ STDMETHODIMP CprpProperty::GetWarningString(BSTR* WarningString)
         require.EmptyString(WarningString, OLESTR("pbstrWarningString"));
         require.Transaction(InTransaction());
         if (m_bVisible || m_bVisibleForPostProc)
-            *WarningString = NewBstr(Extras().warning);
+            *WarningString = NewBstr(Extras().warning.View());
     });
 }
 
@@ -257,8 +257,8 @@ STDMETHODIMP CprpProperty::SetWarningString(BSTR WarningString)
     return InFrame(kOrigin, OLESTR("CprpProperty::SetWarningString"), [&](const Checks& require) {
         require.Transaction(InTransaction());
         const TextView text = ViewOf(WarningString);
-        if (!EqualsIgnoringCase(text, Extras().warning)) {
-            MakeExtras().warning.assign(text);
+        if (!EqualsIgnoringCase(text, Extras().warning.View())) {
+            MakeExtras().warning.Assign(text);
             QueueStateEdit();
         }
         m_bWarning = !text.empty();

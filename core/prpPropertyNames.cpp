@@ -40,7 +40,7 @@ STDMETHODIMP CprpProperty::GetPropertyName(EprpPropertyNameStyle PropertyNameSty
         require.EmptyString(PropertyName, OLESTR("pbstrPropName"));
         require.Transaction(InTransaction());
         EnsureName();
-        const Text* const form = FormOf(Extras().names.forms, PropertyNameStyle);
+        const Text* const form = FormOf(Extras().names->forms, PropertyNameStyle);
         if (!form)
             ThrowInternal();
         *PropertyName = NewBstr(*form);
@@ -53,7 +53,7 @@ STDMETHODIMP CprpProperty::SetPropertyName(BSTR PropNameString)
 {
     return InFrame(kOrigin, OLESTR("CprpProperty::SetPropertyName"), [&](const Checks&) {
         PropertyExtras& extras = MakeExtras();
-        extras.names.raw = ViewOf(PropNameString);
+        extras.names.Make().raw = ViewOf(PropNameString);
         extras.nameResID = kNameGivenAsText;
         ParseName();
     });
@@ -80,8 +80,9 @@ STDMETHODIMP CprpProperty::SetPropertyNameResID(LONG NameResID)
         require.Transaction(InTransaction());
         require.NotNegative(NameResID);
         PropertyExtras& extras = MakeExtras();
-        extras.names.raw.clear();
-        LoadResourceString(extras.names.raw, NameResID);
+        Text& raw = extras.names.Make().raw;
+        raw.clear();
+        LoadResourceString(raw, NameResID);
         ParseName();
         extras.nameResID = NameResID;
     });
@@ -93,13 +94,13 @@ STDMETHODIMP CprpProperty::IsMacroReportProperty(VARIANT_BOOL* MacroReportProper
 {
     return InFrame(kOrigin, OLESTR("CprpProperty::IsMacroReportProperty"), [&](const Checks& require) {
         require.Pointer(MacroReportProperty, OLESTR("pvbMacroReportProperty"));
-        *MacroReportProperty = Out(Extras().names.forms.bMacroReportProperty);
+        *MacroReportProperty = Out(Extras().names->forms.bMacroReportProperty);
     });
 }
 
 void CprpProperty::ParseName()
 {
-    PropertyNames& names = MakeExtras().names;
+    PropertyNames& names = MakeExtras().names.Make();
     if (!ParseNameText(names.raw, names.forms))
         ThrowInternal();
 }
@@ -107,16 +108,16 @@ void CprpProperty::ParseName()
 void CprpProperty::EnsureName()
 {
     Text loaded;
-    if (!Extras().names.raw.empty() || !LoadResourceString(loaded, Extras().nameResID))
+    if (!Extras().names->raw.empty() || !LoadResourceString(loaded, Extras().nameResID))
         return;
-    MakeExtras().names.raw = std::move(loaded);
+    MakeExtras().names.Make().raw = std::move(loaded);
     ParseName();
 }
 
 const Text& CprpProperty::FullName()
 {
     EnsureName();
-    return Extras().names.forms.full;
+    return Extras().names->forms.full;
 }
 
 /// Reads a string of the property's own module, else of the collection's default one. False, with an empty target,

@@ -58,7 +58,7 @@ STDMETHODIMP CprpProperty::ClearVisibilityInfo()
 {
     return InFrame(kOrigin, OLESTR("CprpProperty::ClearVisibilityInfo"), [&](const Checks&) {
         if (m_pExtras)
-            m_pExtras->visibilityInfo.Release();
+            MakeExtras().visibilityInfo.Release();
     });
 }
 

@@ -57,7 +57,7 @@ STDMETHODIMP CprpProperty::GetScanPathListCount(LONG* Count)
     return InFrame(kOrigin, OLESTR("CprpProperty::GetScanPathListCount"), [&](const Checks& require) {
         require.Pointer(Count, OLESTR("pnCount"));
         require.Transaction(InTransaction());
-        *Count = static_cast<LONG>(Extras().scanPath.size());
+        *Count = static_cast<LONG>(Extras().scanPath->size());
     });
 }
 
@@ -90,7 +90,7 @@ STDMETHODIMP CprpProperty::SetScanPathPointAt(LONG Index, SprgScanPathPoint NewS
 bool CprpProperty::PutScanPathPoint(LONG index, const SprpPosition& point)
 {
     const double threshold = IsMetric(Owner()) ? kMetricThreshold : kImperialThreshold;
-    std::vector<SprpPosition>& points = MakeExtras().scanPath;
+    std::vector<SprpPosition>& points = MakeExtras().scanPath.Make();
     // On purpose unsigned: -1 is beyond every end and asks for a list of no points at all.
     const auto at = static_cast<std::size_t>(index);
     if (at < points.size()) {
@@ -114,7 +114,7 @@ STDMETHODIMP CprpProperty::GetScanPathPointAt(LONG Index, SprgScanPathPoint* Pos
 {
     return InFrame(kOrigin, OLESTR("CprpProperty::GetScanPathPointAt"), [&](const Checks& require) {
         require.Pointer(Position, OLESTR("PropertyString"));
-        const std::vector<SprpPosition>& points = Extras().scanPath;
+        const std::vector<SprpPosition>& points = *Extras().scanPath;
         const auto at = static_cast<std::size_t>(Index);
         if (at > points.size())
             ThrowFormatted(CallSite::current(), OLESTR("The index (%i) passeed to %s is out of bounds (0 to %i)"),
@@ -142,7 +142,7 @@ void CprpProperty::AppendScanPath(Text& out) const
 {
     const int decimals = IsMetric(Owner()) ? kMetricDecimals : kImperialDecimals;
     bool first = true;
-    for (const SprpPosition& point : Extras().scanPath) {
+    for (const SprpPosition& point : *Extras().scanPath) {
         if (!std::exchange(first, false))
             out += kLineEnd;
         AppendCoordinate(out, point.X, decimals);
@@ -173,8 +173,8 @@ void CprpProperty::StoreScanPathText(TextView text)
         if (ReadLine(TrimWhiteSpace(line), point))
             points.push_back(point);
     }
-    if (m_pExtras || !points.empty())
-        MakeExtras().scanPath = std::move(points);
+    if (Extras().scanPath || !points.empty())
+        MakeExtras().scanPath.Make() = std::move(points);
     QueueValueEdit(ValueText::OfText(old));
 }
 

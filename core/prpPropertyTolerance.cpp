@@ -14,7 +14,7 @@ STDMETHODIMP CprpProperty::GetPropertyTolerance(SprpTolerance* Tolerance)
 {
     return InFrame(kOrigin, OLESTR("CprpProperty::GetPropertyTolerance"), [&](const Checks& require) {
         require.Pointer(Tolerance, OLESTR("pTolerance"));
-        Extras().Tolerance().Get(*Tolerance);
+        Extras().tolerance->Get(*Tolerance);
     });
 }
 
@@ -28,10 +28,10 @@ STDMETHODIMP CprpProperty::SetPropertyTolerance(SprpTolerance* Tolerance)
         require.Pointer(Tolerance, OLESTR("pTolerance"));
         CprpTolerance given;
         given.Set(*Tolerance);
-        if (Extras().Tolerance().Equals(given))
+        if (Extras().tolerance->Equals(given))
             return;
         const ValueText old = RenderForEdit();
-        MakeExtras().tolerance = std::make_unique<CprpTolerance>(std::move(given));
+        MakeExtras().tolerance.Make() = std::move(given);
         QueueValueEdit(old);
     });
 }
@@ -62,7 +62,7 @@ STDMETHODIMP CprpProperty::SetPropertyPosition(SprpPosition Position, VARIANT_BO
             return;
         const ValueText old = RenderForEdit();
         MakeExtras().position = given;
-        if (!EqualsIgnoringCase(old.ToText(), RenderValue().ToText()))
+        if (!old.Equals(RenderValue()))
             QueueValueEdit(old);
     });
 }

@@ -12,15 +12,6 @@ void ScalePosition(SprpPosition& position, double factor)
     position.Z *= factor;
 }
 
-/// The integer bounds are never scaled.
-void ScaleBounds(SprpBoundsInfo& bounds, double factor)
-{
-    if (bounds.eUpperType == E_BOUND_CUSTOM)
-        bounds.dbUpperBound *= factor;
-    if (bounds.eLowerType == E_BOUND_CUSTOM)
-        bounds.dbLowerBound *= factor;
-}
-
 } // namespace
 
 void CprpProperty::ConvertPropertyUnit(EprpUnitMode mode)
@@ -29,7 +20,7 @@ void CprpProperty::ConvertPropertyUnit(EprpUnitMode mode)
         return;
     // The factor depends on the target alone: a conversion to the present mode multiplies all the same.
     ScaleValue(mode == E_METRIC ? kFactorToMetric : kFactorToImperial);
-    for (CprpProperty& child : m_ChildList)
+    for (CprpProperty& child : Children())
         child.ConvertPropertyUnit(mode);
 }
 
@@ -39,29 +30,40 @@ void CprpProperty::ScaleValue(double factor)
     case UnitScaling::None: return;
     case UnitScaling::Length:
         m_dbDouble *= factor;
-        if (m_pExtras)
-            ScaleBounds(m_pExtras->bounds, factor);
+        ScaleBounds(factor);
         return;
     case UnitScaling::FullPrecision:
         m_dbDouble *= factor;
         // On purpose for this type alone, and without touching m_bValid.
         if (m_pExtras)
-            m_pExtras->error.clear();
+            MakeExtras().error.Clear();
         return;
     case UnitScaling::Position:
         if (m_pExtras) {
-            ScalePosition(m_pExtras->position, factor);
-            ScaleBounds(m_pExtras->bounds, factor);
+            ScalePosition(MakeExtras().position, factor);
+            ScaleBounds(factor);
         }
         return;
     case UnitScaling::Tolerance:
-        if (m_pExtras && m_pExtras->tolerance)
-            m_pExtras->tolerance->Convert(factor);
+        if (Extras().tolerance)
+            MakeExtras().tolerance.Make().Convert(factor);
         return;
     case UnitScaling::ScanPath:
-        if (m_pExtras)
-            for (SprpPosition& point : m_pExtras->scanPath)
+        if (Extras().scanPath)
+            for (SprpPosition& point : MakeExtras().scanPath.Make())
                 ScalePosition(point, factor);
         return;
     }
+}
+
+void CprpProperty::ScaleBounds(double factor)
+{
+    if (!Extras().bounds)
+        return;
+    SprpBoundsInfo& bounds = MakeExtras().bounds.Make();
+    // The integer bounds are never scaled.
+    if (bounds.eUpperType == E_BOUND_CUSTOM)
+        bounds.dbUpperBound *= factor;
+    if (bounds.eLowerType == E_BOUND_CUSTOM)
+        bounds.dbLowerBound *= factor;
 }

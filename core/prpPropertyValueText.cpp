@@ -14,17 +14,6 @@ namespace {
 
 constexpr UINT kPathPointsString = 32015;
 
-Text PositionText(const SprpPosition& position, LONG decimals)
-{
-    Text text;
-    AppendNumber(text, position.X, decimals);
-    text += OLESTR(';');
-    AppendNumber(text, position.Y, decimals);
-    text += OLESTR(';');
-    AppendNumber(text, position.Z, decimals);
-    return text;
-}
-
 Text CountText(std::size_t points)
 {
     Text format; // without the string the text is empty
@@ -42,11 +31,11 @@ const ValueText& CprpProperty::RenderValue(LONG precision)
     case ValueKind::Number: m_Value = ValueText::OfNumber(m_dbDouble, decimals); break;
     case ValueKind::Signed: m_Value = ValueText::OfSigned(m_nLong); break;
     case ValueKind::Unsigned: m_Value = ValueText::OfUnsigned(static_cast<ULONG>(m_nLong)); break;
-    case ValueKind::Position: m_Value = ValueText::OfText(PositionText(Extras().position, decimals)); break;
-    case ValueKind::ScanPath: m_Value = ValueText::OfText(CountText(Extras().scanPath.size())); break;
+    case ValueKind::Position: m_Value = ValueText::OfPosition(Extras().position, decimals); break;
+    case ValueKind::ScanPath: m_Value = ValueText::OfText(CountText(Extras().scanPath->size())); break;
     case ValueKind::Tolerance: {
         Text text;
-        Extras().Tolerance().AppendTo(text);
+        Extras().tolerance->AppendTo(text);
         m_Value = ValueText::OfText(text);
         break;
     }
@@ -128,9 +117,7 @@ bool CprpProperty::ParseValue(TextView text)
     case ValueKind::Signed:
     case ValueKind::Unsigned: return scanner.ReadDecimal(m_nLong);
     case ValueKind::Position: return ParsePosition(text);
-    case ValueKind::Tolerance:
-        MakeExtras().tolerance = std::make_unique<CprpTolerance>(CprpTolerance::Parse(text));
-        break;
+    case ValueKind::Tolerance: MakeExtras().tolerance.Make() = CprpTolerance::Parse(text); break;
     case ValueKind::ScanPath: StoreScanPathText(text); break;
     case ValueKind::AnyText:
     case ValueKind::AnsiText: break;

@@ -54,11 +54,19 @@ public:
 };
 
 /// The most derived class: it alone implements IUnknown.
-template <class Base>
-class CComObject final : public Base {
+template <class Base, bool LocksModule>
+class ComObjectOf final : public Base {
 public:
-    CComObject() { Module::Lock(); }
-    ~CComObject() { Module::Unlock(); }
+    ComObjectOf()
+    {
+        if constexpr (LocksModule)
+            Module::Lock();
+    }
+    ~ComObjectOf()
+    {
+        if constexpr (LocksModule)
+            Module::Unlock();
+    }
 
     STDMETHODIMP QueryInterface(REFIID iid, void** out) override
     {
@@ -77,10 +85,10 @@ public:
     }
 
     /// Makes an object with one reference, which the caller owns.
-    static HRESULT CreateInstance(CComObject** out)
+    static HRESULT CreateInstance(ComObjectOf** out)
     {
         *out = nullptr;
-        auto* object = new (std::nothrow) CComObject;
+        auto* object = new (std::nothrow) ComObjectOf;
         if (!object)
             return E_OUTOFMEMORY;
         object->InternalAddRef();
@@ -93,6 +101,14 @@ public:
         return S_OK;
     }
 };
+
+/// An object that keeps the module loaded while it lives.
+template <class Base>
+using CComObject = ComObjectOf<Base, true>;
+
+/// An object that leaves that to its owner.
+template <class Base>
+using CComObjectNoLock = ComObjectOf<Base, false>;
 
 /// Makes objects of one class. Factories are never aggregated and hold no state beside their count.
 template <class Class>

@@ -126,7 +126,7 @@ TextView StreamStorage::Render(const Pending& pending, Text& scratch) const
 void StreamStorage::DropPending()
 {
     if (m_pending.capacity() > kKeptBytes / sizeof(Pending))
-        m_pending = {};
+        std::vector<Pending>().swap(m_pending);
     m_pending.clear();
     m_sources.clear();
     m_values.Clear(kKeptBytes);

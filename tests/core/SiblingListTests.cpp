@@ -69,18 +69,19 @@ TEST_F(Siblings, LeaveFromTheFrontTheMiddleAndTheEnd)
     EXPECT_TRUE(list.IsConsistent());
 }
 
-TEST_F(Siblings, KnowTheListTheyAreOnAndNoOther)
+TEST_F(Siblings, KnowWhetherTheyAreOnAList)
 {
-    List other;
     list.Append(a);
-    other.Append(b);
-    EXPECT_TRUE(list.Contains(a));
-    EXPECT_FALSE(other.Contains(a));
-    EXPECT_FALSE(list.Contains(b));
-    EXPECT_FALSE(list.Contains(c));
+    list.Append(b);
+    EXPECT_TRUE(a.IsOnAList());
+    EXPECT_TRUE(b.IsOnAList());
     EXPECT_FALSE(c.IsOnAList());
-    other.Unlink(b);
+    list.Unlink(a);
+    list.Unlink(b);
+    EXPECT_FALSE(a.IsOnAList());
     EXPECT_FALSE(b.IsOnAList());
+    EXPECT_EQ(b.PreviousSibling(), nullptr);
+    EXPECT_EQ(b.NextSibling(), nullptr);
 }
 
 TEST_F(Siblings, MayComeBackToTheEnd)
@@ -112,7 +113,7 @@ TEST(SiblingList, AgreesWithAPlainListOverALongRandomLife)
         nodes.push_back(std::make_unique<Sibling>(i));
     for (int step = 0; step < 20000; ++step) {
         Sibling& node = *nodes[random() % nodes.size()];
-        if (list.Contains(node)) {
+        if (node.IsOnAList()) {
             list.Unlink(node);
             plain.remove(node.number);
         } else {
