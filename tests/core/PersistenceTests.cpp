@@ -1,6 +1,8 @@
 // Saving a collection as one line of text, and loading it back into a tree built anew.
 #include "tests/core/ModelFixture.h"
 
+#include <random>
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -580,6 +582,50 @@ TEST_F(Persistence, SurvivesATextCutAtEveryPlace)
             EXPECT_TRUE(hr == S_OK || FAILED(hr));
             const double angle = DoubleOf(PropertyOf(cut, 0x402));
             EXPECT_TRUE(angle == 0 || (angle >= 1 && angle <= 1.2346)) << angle << " at " << length;
+        });
+    }
+}
+
+TEST_F(Persistence, LoadsARecordOfAMebibyte)
+{
+    InTransaction([&] {
+        const auto property = AddOpen({.id = 1, .type = E_PROP_DT_STATEMENT});
+        SetVersion(1);
+        const Text value(std::size_t{1} << 20, OLECHAR{'x'});
+        EXPECT_TRUE(Load(OLESTR("~1hn") + value).success);
+        EXPECT_EQ(StringOf(property), value);
+        EXPECT_EQ(SavedTextOf(collection), OLESTR("~1l0|n") + value);
+    });
+}
+
+TEST_F(Persistence, TakesIdsUpToTheEndOf32BitsAndRefusesToKeepNegativeOnes)
+{
+    InTransaction([&] {
+        const auto last = AddOpen({.id = 0x7FFFFFFF, .type = E_PROP_DT_LONG});
+        SetVersion(1);
+        EXPECT_TRUE(Load(OLESTR("~7fffffffh35")).success);
+        EXPECT_EQ(LongOf(last), 5);
+        ExpectInvalidId(collection->LoadFromStream(MakeStream(OLESTR("~80000000h35")), nullptr, nullptr));
+        ExpectInvalidId(collection->LoadFromStream(MakeStream(OLESTR("~ffffffffh35")), nullptr, nullptr));
+    });
+}
+
+TEST_F(Persistence, LeavesAPropertyAloneThatARandomTextDoesNotReach)
+{
+    std::mt19937 random(7);
+    for (int round = 0; round < 3000; ++round) {
+        const auto target = MakeObject<IqorPropertyCollection>(CLSID_prpPropertyCollection);
+        Transact(target, [&] {
+            EXPECT_EQ(target->put_LoadVersion(round % 2), S_OK);
+            EXPECT_EQ(AddTo(target, {.id = 0x12345678, .type = E_PROP_DT_LINEAR}), S_OK);
+            SetDouble(PropertyOf(target, 0x12345678), 2.5);
+            static constexpr TextView kUnits = OLESTR("~|0123456789abcdefghijklmn,.;#\\$&gGkK");
+            Text text;
+            for (std::size_t length = random() % 200; length > 0; --length)
+                text += random() % 16 == 0 ? static_cast<OLECHAR>(random()) : kUnits[random() % kUnits.size()];
+            const HRESULT hr = target->LoadFromStream(MakeStream(text), nullptr, nullptr);
+            EXPECT_TRUE(hr == S_OK || FAILED(hr));
+            EXPECT_EQ(DoubleOf(PropertyOf(target, 0x12345678)), 2.5);
         });
     }
 }

@@ -43,10 +43,10 @@ public:
 private:
     // Empty values of the other text types do not come back, so the generator gives those a text.
     static constexpr EprpPropDataType kTypes[] = {
-        E_PROP_DT_ANGLE,     E_PROP_DT_LINEAR,    E_PROP_DT_LONG,           E_PROP_DT_DOUBLE,
-        E_PROP_DT_TOLERANCE, E_PROP_DT_POSITION,  E_PROP_DT_VECTOR,         E_PROP_DT_STRING_ANSI,
-        E_PROP_DT_ENUM,      E_PROP_DT_DATE,      E_PROP_DT_FORM,           E_PROP_DT_MULTI_STRING_UNICODE,
-        E_PROP_DT_STATEMENT, E_PROP_DT_DWORD,     E_PROP_DT_FULL_PRECISION, E_PROP_DT_SCAN_PATH_LIST,
+        E_PROP_DT_ANGLE,     E_PROP_DT_LINEAR,     E_PROP_DT_LONG,           E_PROP_DT_DOUBLE,
+        E_PROP_DT_TOLERANCE, E_PROP_DT_POSITION,   E_PROP_DT_VECTOR,         E_PROP_DT_STRING_ANSI,
+        E_PROP_DT_ENUM,      E_PROP_DT_DATE,       E_PROP_DT_FORM,           E_PROP_DT_MULTI_STRING_UNICODE,
+        E_PROP_DT_STATEMENT, E_PROP_DT_DWORD,      E_PROP_DT_FULL_PRECISION, E_PROP_DT_SCAN_PATH_LIST,
         E_PROP_DT_CATEGORY,  E_PROP_DT_POINTS_LIST};
 
     LONG Below(LONG limit) { return static_cast<LONG>(m_random() % static_cast<std::uint32_t>(limit)); }
@@ -69,9 +69,10 @@ private:
     }
     Text Words()
     {
-        static const TextView kPieces[] = {OLESTR("bore"), OLESTR("~"),  OLESTR("|"),      OLESTR("\\$"), OLESTR("#"),
-                                           OLESTR("\\"),   OLESTR(" "),  OLESTR("\r\n"),   OLESTR("\\&"), OLESTR("g"),
-                                           OLESTR("1a|"),  OLESTR("\n"), OLESTR("\x00D8"), OLESTR("\t"),  OLESTR("\x0416")};
+        static const TextView kPieces[] = {OLESTR("bore"),   OLESTR("~"),  OLESTR("|"),     OLESTR("\\$"),
+                                           OLESTR("#"),      OLESTR("\\"), OLESTR(" "),     OLESTR("\r\n"),
+                                           OLESTR("\\&"),    OLESTR("g"),  OLESTR("1a|"),   OLESTR("\n"),
+                                           OLESTR("\x00D8"), OLESTR("\t"), OLESTR("\x0416")};
         Text text = OLESTR("x");
         for (LONG pieces = Below(6); pieces > 0; --pieces)
             text.append(kPieces[Below(LONG{std::size(kPieces)})]);
@@ -85,8 +86,8 @@ private:
                    Number();
         };
         const auto geometric = [&] {
-            return Text(OLESTR("#10001FF")) + separator + Number() + separator + OLESTR("A") + separator +
-                   OLESTR("B") + separator + OLESTR("C");
+            return Text(OLESTR("#10001FF")) + separator + Number() + separator + OLESTR("A") + separator + OLESTR("B") +
+                   separator + OLESTR("C");
         };
         switch (Below(6)) {
         case 1: return OLESTR("101") + linear();

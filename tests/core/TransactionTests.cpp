@@ -246,31 +246,48 @@ TEST_F(Transactions, ContendFourAtATimeWithoutLosingAChange)
 {
     const auto property = Add(1, E_PROP_DT_LONG);
     constexpr int kThreads = 4;
-    constexpr int kRounds = 500;
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(LV_CONTENTION_SECONDS);
     std::atomic<int> done{0};
     std::vector<Worker> threads;
     for (int thread = 0; thread < kThreads; ++thread)
         threads.emplace_back([&] {
-            for (int round = 0; round < kRounds;) {
+            while (std::chrono::steady_clock::now() < end) {
                 if (FAILED(collection->StartTransaction(5)))
-                    continue;
+                    continue; // the time ran out while another thread had the lock
                 SetLong(property, LongOf(property) + 1);
                 EXPECT_EQ(collection->EndTransaction(VARIANT_TRUE), S_OK);
-                ++round;
                 ++done;
             }
         });
     for (auto& thread : threads)
         thread.join();
     PumpThreadQueue(0);
-    InTransaction([&] { EXPECT_EQ(LongOf(property), kThreads * kRounds); });
-    EXPECT_EQ(done, kThreads * kRounds);
+    InTransaction([&] { EXPECT_EQ(LongOf(property), done); });
+    EXPECT_GT(done, 0);
 
     // Every change arrived, each record with the value that the one before it left.
     const auto records = sink->Records();
-    ASSERT_THAT(records, SizeIs(kThreads * kRounds));
-    for (int i = 0; i < kThreads * kRounds; ++i) {
+    ASSERT_EQ(records.size(), static_cast<std::size_t>(done));
+    for (std::size_t i = 0; i < records.size(); ++i) {
         const std::string expected = std::to_string(i);
-        ASSERT_EQ(records[static_cast<std::size_t>(i)].oldText, Text(expected.begin(), expected.end()));
+        ASSERT_EQ(records[i].oldText, Text(expected.begin(), expected.end()));
     }
+}
+
+TEST_F(Transactions, WriteRecordsOf20BytesWithTheLeastSignificantFirst)
+{
+    const auto property = Add(0x01020304, E_PROP_DT_LINEAR);
+    std::vector<unsigned char> bytes(20);
+    sink->onStream = [&](IqorStream* stream) {
+        LONG read = 0;
+        EStreamError error = E_STREAM_ERROR_NONE;
+        EXPECT_EQ(stream->Seek(0, E_STREAM_ORIGIN_START, &error), S_OK);
+        EXPECT_EQ(stream->Read(bytes.data(), 20, &read, &error), S_OK);
+        EXPECT_EQ(read, 20);
+    };
+    InTransaction([&] {
+        EXPECT_EQ(collection->SetCollectionID(0x0A0B), S_OK);
+        SetDouble(property, 1.5);
+    });
+    EXPECT_THAT(bytes, ElementsAre(1, 0, 0, 0, 4, 3, 2, 1, 0x0B, 0x0A, 0, 0, 0xFF, 0xFF, 0xFF, 0xFF, 0, 0, 0xFF, 0xFF));
 }

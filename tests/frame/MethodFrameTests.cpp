@@ -62,7 +62,8 @@ TEST_F(MethodFrame, ReportsANullPointerInTwoLinesWithTheLineInTheCode)
     });
     EXPECT_EQ(hr, static_cast<HRESULT>(0x80040000U | line));
     const auto [message, location] = DescriptionLines();
-    EXPECT_EQ(message, OLESTR("Invalid pointer passed to the function 'CprpTest::Method'. Parameter 'pnCount' is NULL."));
+    EXPECT_EQ(message,
+              OLESTR("Invalid pointer passed to the function 'CprpTest::Method'. Parameter 'pnCount' is NULL."));
     EXPECT_EQ(location, kNoLocationString);
 }
 

@@ -32,8 +32,7 @@ TEST(GeneratedHeader, DeclaresTheSlotsOfEachInterface)
     EXPECT_EQ(MethodsOf("IqorPropertyCollection").size(), 37U);
     EXPECT_EQ(MethodsOf("IqorProperty").size(), 69U);
     EXPECT_EQ(MethodsOf("IprpHelpInfo").size(), 6U);
-    EXPECT_THAT(MethodsOf("IprpVisibilityInfo"),
-                ElementsAre("IsVisible", "AddControlProperties", "AddCtrlPropValues"));
+    EXPECT_THAT(MethodsOf("IprpVisibilityInfo"), ElementsAre("IsVisible", "AddControlProperties", "AddCtrlPropValues"));
 }
 
 TEST(GeneratedHeader, PutsTheFirstAndLastSlotsWhereTheyBelong)
