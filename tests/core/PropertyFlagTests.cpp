@@ -2,6 +2,7 @@
 #include "tests/core/ModelFixture.h"
 
 #include <bit>
+#include <functional>
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -83,9 +84,10 @@ TEST_P(EachFlag, TakesAnyNonZeroValueAsTrue)
 TEST_P(EachFlag, ChecksItsPointerBeforeTheTransaction)
 {
     const Text method = Text(OLESTR("CprpProperty::")).append(GetParam().method);
-    ExpectNullPointer((property.p->*GetParam().get)(nullptr), method, GetParam().parameter);
+    const auto get = std::mem_fn(GetParam().get);
+    ExpectNullPointer(get(property.p, nullptr), method, GetParam().parameter);
     VARIANT_BOOL value = VARIANT_FALSE;
-    ExpectNoTransaction((property.p->*GetParam().get)(&value));
+    ExpectNoTransaction(get(property.p, &value));
     ExpectNoTransaction(Set(VARIANT_TRUE));
 }
 
