@@ -20,6 +20,9 @@ constexpr std::size_t kMostPoints = 178956970;
 
 constexpr TextView kLineEnd = OLESTR("\r\n");
 
+/// Three columns of ten, two commas and the line end; wider numbers take more.
+constexpr std::size_t kUnitsOfLine = 34;
+
 constexpr int kMetricDecimals = 4;
 constexpr int kImperialDecimals = 5;
 
@@ -141,8 +144,10 @@ STDMETHODIMP CprpProperty::GetScanPathString(BSTR* PropertyString)
 void CprpProperty::AppendScanPath(Text& out) const
 {
     const int decimals = IsMetric(Owner()) ? kMetricDecimals : kImperialDecimals;
+    const std::vector<SprpPosition>& points = *Extras().scanPath;
+    out.reserve(out.size() + points.size() * kUnitsOfLine);
     bool first = true;
-    for (const SprpPosition& point : *Extras().scanPath) {
+    for (const SprpPosition& point : points) {
         if (!std::exchange(first, false))
             out += kLineEnd;
         AppendCoordinate(out, point.X, decimals);

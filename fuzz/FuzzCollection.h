@@ -3,17 +3,9 @@
 
 #include "LV_prpPropCollection.h"
 #include "core/DataTypes.h"
+#include "fuzz/FuzzInput.h"
 #include "idl/SuiteClasses.h"
 #include "platform/atl/ComPtr.h"
-
-#include <cstdlib>
-
-/// A broken promise ends the run.
-inline void Demand(bool kept)
-{
-    if (!kept)
-        std::abort();
-}
 
 class FuzzCollection {
 public:
@@ -22,47 +14,47 @@ public:
     FuzzCollection()
     {
         static const bool s_apartment = SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
-        Demand(s_apartment);
-        Demand(collection.CoCreateInstance(CLSID_prpPropertyCollection) == S_OK);
-        Demand(collection->StartTransaction(-1) == S_OK);
+        Require(s_apartment);
+        Require(collection.CoCreateInstance(CLSID_prpPropertyCollection) == S_OK);
+        Require(collection->StartTransaction(-1) == S_OK);
         for (LONG type = E_PROP_DT_NONE; type < kDataTypeCount; ++type) {
             const VARIANT_BOOL save = RuleOf(type).saved == SavedForm::Refused ? VARIANT_FALSE : VARIANT_TRUE;
-            Demand(collection->AddProperty(kFirstId + type, E_PROP_ID_TOP_LEVEL, 0, 0, 0, 0,
-                                           static_cast<EprpPropDataType>(type), VARIANT_TRUE, VARIANT_FALSE, save,
-                                           nullptr) == S_OK);
+            Require(collection->AddProperty(kFirstId + type, E_PROP_ID_TOP_LEVEL, 0, 0, 0, 0,
+                                            static_cast<EprpPropDataType>(type), VARIANT_TRUE, VARIANT_FALSE, save,
+                                            nullptr) == S_OK);
         }
     }
     FuzzCollection(const FuzzCollection&) = delete;
     FuzzCollection& operator=(const FuzzCollection&) = delete;
-    ~FuzzCollection() { Demand(SUCCEEDED(collection->EndTransaction(VARIANT_TRUE))); }
+    ~FuzzCollection() { Require(SUCCEEDED(collection->EndTransaction(VARIANT_TRUE))); }
 
     CComPtr<IqorProperty> Property(LONG type)
     {
         CComPtr<IqorProperty> property;
         EprpPropError error = E_PROP_ERROR_NONE;
-        Demand(collection->GetProperty(kFirstId + type, &error, &property) == S_OK);
+        Require(collection->GetProperty(kFirstId + type, &error, &property) == S_OK);
         return property;
     }
     /// The saved text, or nothing when a property that must not be saved was kept.
     bool Save(CComBSTR& text)
     {
         CComPtr<IqorStream> stream;
-        Demand(stream.CoCreateInstance(CLSID_qorStream) == S_OK);
+        Require(stream.CoCreateInstance(CLSID_qorStream) == S_OK);
         VARIANT_BOOL success = VARIANT_FALSE;
         if (FAILED(collection->SaveToStream(stream, &success)))
             return false;
         LONG length = 0;
         EStreamError error = E_STREAM_ERROR_NONE;
-        Demand(stream->ReadString(&text, &length, &error) == S_OK);
+        Require(stream->ReadString(&text, &length, &error) == S_OK);
         return true;
     }
     HRESULT Load(TextView text)
     {
         CComPtr<IqorStream> stream;
-        Demand(stream.CoCreateInstance(CLSID_qorStream) == S_OK);
-        Demand(stream->WriteString(CComBSTR(text), VARIANT_TRUE) == S_OK);
+        Require(stream.CoCreateInstance(CLSID_qorStream) == S_OK);
+        Require(stream->WriteString(CComBSTR(text), VARIANT_TRUE) == S_OK);
         CComPtr<IqorStream> errors;
-        Demand(errors.CoCreateInstance(CLSID_qorStream) == S_OK);
+        Require(errors.CoCreateInstance(CLSID_qorStream) == S_OK);
         VARIANT_BOOL success = VARIANT_FALSE;
         return collection->LoadFromStream(stream, errors, &success);
     }

@@ -1,19 +1,13 @@
 // Any bytes as a stream: loaded as an event stream would be, and read by an arbitrary order of calls. Every reading
 // loop must end, positions stay within, and what was read must be what a second reading gives.
+#include "fuzz/FuzzInput.h"
 #include "suite/stream/StreamStorage.h"
 
-#include <cstdlib>
 #include <cstring>
 #include <stdexcept>
 #include <vector>
 
 namespace {
-
-void Require(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
 
 /// Gives each value's bytes as characters.
 class BytesAsText final : public TextSource {

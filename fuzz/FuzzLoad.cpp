@@ -1,20 +1,19 @@
 // Loading an arbitrary text, in both versions: never a crash, and what was loaded can be saved and loaded again.
 #include "fuzz/FuzzCollection.h"
-#include "fuzz/FuzzText.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     if (size < 1)
         return 0;
-    const Text text = data[0] & 2 ? FuzzText(data + 1, size - 1) : FuzzLatinText(data + 1, size - 1);
+    const Text text = TextOf(data[0] & 2, data + 1, size - 1);
     FuzzCollection fuzz;
-    Demand(fuzz.collection->put_LoadVersion(data[0] & 1) == S_OK);
+    Require(fuzz.collection->put_LoadVersion(data[0] & 1) == S_OK);
     if (FAILED(fuzz.Load(text)))
         return 0; // a raise ends the load where it stands
     CComBSTR saved;
     if (!fuzz.Save(saved))
         return 0;
-    Demand(fuzz.collection->put_LoadVersion(1) == S_OK);
+    Require(fuzz.collection->put_LoadVersion(1) == S_OK);
     (void)fuzz.Load(saved.View());
     return 0;
 }

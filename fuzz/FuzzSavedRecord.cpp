@@ -1,11 +1,10 @@
 // The record codec: what was decoded and encoded again decodes to the same record.
 #include "core/SavedRecord.h"
 #include "fuzz/FuzzCollection.h"
-#include "fuzz/FuzzText.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    for (const TextView escaped : SavedRecords(FuzzLatinText(data, size))) {
+    for (const TextView escaped : SavedRecords(LatinText(data, size))) {
         Text record(escaped);
         UndoEscapes(record);
         SavedRecord old;
@@ -19,14 +18,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         Text again(TextView(encoded).substr(1)); // behind the marker
         UndoEscapes(again);
         SavedRecord second;
-        Demand(ParseRecordVersion1(again, second) == E_PROP_PARSE_ERROR_NONE);
-        Demand(first.id == second.id && first.flags == second.flags && first.type == second.type);
-        Demand(!(first.flags & kSavedEditFlags) || first.editFlags == second.editFlags);
+        Require(ParseRecordVersion1(again, second) == E_PROP_PARSE_ERROR_NONE);
+        Require(first.id == second.id && first.flags == second.flags && first.type == second.type);
+        Require(!(first.flags & kSavedEditFlags) || first.editFlags == second.editFlags);
         // Values whose form has no escapes are numbers and points when they come from a property.
         if (RuleOf(first.type).saved == SavedForm::Escaped) {
             Text value(first.value);
             UndoEscapes(value);
-            Demand(second.value == value);
+            Require(second.value == value);
         }
     }
     return 0;
