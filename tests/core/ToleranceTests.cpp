@@ -92,7 +92,8 @@ TEST(TolerancePartsTable, HoldsEveryTypeOnceInItsPlace)
 
 TEST(ToleranceType, OutsideTheEnumerationIsAnInternalErrorThatNamesItsSource)
 {
-    for (const LONG type : {LONG{-1}, LONG{6}, LONG{255}, std::numeric_limits<LONG>::min(), std::numeric_limits<LONG>::max()}) {
+    for (const LONG type :
+         {LONG{-1}, LONG{6}, LONG{255}, std::numeric_limits<LONG>::min(), std::numeric_limits<LONG>::max()}) {
         const Text message = InternalErrorOf([&] { CprpTolerance::RequireType(type); });
         EXPECT_EQ(message.substr(0, 37), OLESTR("Internal error in prpTolerance, line ")) << type;
         InternalErrorOf([&] { TextOf(OfType(type)); });
