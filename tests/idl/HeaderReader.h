@@ -90,7 +90,8 @@ private:
             const std::string_view line = m_lines[i];
             if (line.size() <= before.size() + after.size() || !line.starts_with(before) || !line.ends_with(after))
                 continue;
-            Block block{line.substr(before.size(), line.size() - before.size() - after.size()), {}};
+            Block block;
+            block.first = line.substr(before.size(), line.size() - before.size() - after.size());
             while (++i < m_lines.size() && !m_lines[i].starts_with('}'))
                 if (m_lines[i] != "{")
                     block.second.push_back(m_lines[i]);
