@@ -229,7 +229,7 @@ TEST_P(QifSample, GivesOneToleranceForEachDefinitionThatHasACounterpart)
 TEST_P(QifSample, CutAnywhereIsRefusedWithASentence)
 {
     const std::string bytes = ReadSample(std::string("qif/") + GetParam().file);
-    for (const size_t part : {0, 1, 7, 40, 99}) {
+    for (const size_t part : {0U, 1U, 7U, 40U, 99U}) {
         const std::string cut = bytes.substr(0, bytes.size() * part / 100);
         EXPECT_THROW(ImportQif("cut.qif", cut, {}), ToolError) << part << " percent";
     }
