@@ -21,8 +21,8 @@ public:
     SiblingLinks& operator=(const SiblingLinks&) = delete;
 
     [[nodiscard]] Node* NextSibling() const noexcept { return m_pNext; }
-    [[nodiscard]] Node* PreviousSibling() const noexcept { return IsOnAList() ? m_pPrevious : nullptr; }
-    [[nodiscard]] bool IsOnAList() const noexcept { return static_cast<const SiblingLinks*>(m_pPrevious) != this; }
+    [[nodiscard]] Node* PreviousSibling() const noexcept { return IsOnAList() ? static_cast<Node*>(m_pPrevious) : nullptr; }
+    [[nodiscard]] bool IsOnAList() const noexcept { return m_pPrevious != this; }
 
 protected:
     ~SiblingLinks() = default;
@@ -30,7 +30,7 @@ protected:
 private:
     friend class SiblingList<Node>;
 
-    Node* m_pPrevious = static_cast<Node*>(this); // itself while on no list
+    SiblingLinks* m_pPrevious = this; // itself while on no list
     Node* m_pNext = nullptr;
 };
 
@@ -81,8 +81,11 @@ public:
     {
         auto& links = LinksOf(node);
         assert(links.IsOnAList());
-        (links.m_pPrevious ? LinksOf(*links.m_pPrevious).m_pNext : m_pFirst) = links.m_pNext;
-        (links.m_pNext ? LinksOf(*links.m_pNext).m_pPrevious : m_pLast) = links.m_pPrevious;
+        (links.m_pPrevious ? links.m_pPrevious->m_pNext : m_pFirst) = links.m_pNext;
+        if (links.m_pNext)
+            LinksOf(*links.m_pNext).m_pPrevious = links.m_pPrevious;
+        else
+            m_pLast = static_cast<Node*>(links.m_pPrevious);
         links.m_pPrevious = &node;
         links.m_pNext = nullptr;
         --m_nCount;
