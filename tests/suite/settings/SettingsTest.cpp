@@ -137,7 +137,7 @@ TEST_F(Settings, KeepsATextOfSeveralLinesInAnyScript)
 
 TEST_F(Settings, ReadsAFileThatAnEditorSavedAsUtf16)
 {
-    Write(std::string("\xFF\xFE[\0S\0]\0\n\0A\0=\0\x37\0\n\0", 20));
+    Write(std::string("\xFF\xFE[\0S\0]\0\n\0A\0=\0\x37\0\n\0", 18));
     LONG value = 0;
     EXPECT_EQ(Long(OLESTR("A"), OLESTR("S"), value), E_SETTINGS_ERROR_NONE);
     EXPECT_EQ(value, 7);
