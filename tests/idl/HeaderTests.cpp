@@ -32,6 +32,7 @@ TEST(GeneratedHeader, DeclaresTheSlotsOfEachInterface)
     EXPECT_EQ(MethodsOf("IqorPropertyCollection").size(), 37U);
     EXPECT_EQ(MethodsOf("IqorProperty").size(), 69U);
     EXPECT_EQ(MethodsOf("IprpHelpInfo").size(), 6U);
+    EXPECT_EQ(MethodsOf("IprpCollectionViewerCtrl").size(), 64U);
     EXPECT_THAT(MethodsOf("IprpVisibilityInfo"), ElementsAre("IsVisible", "AddControlProperties", "AddCtrlPropValues"));
 }
 
@@ -43,6 +44,8 @@ TEST(GeneratedHeader, PutsTheFirstAndLastSlotsWhereTheyBelong)
     EXPECT_EQ(MethodsOf("IqorPropertyCollection").back(), "get_SaveEditFlags");
     EXPECT_EQ(MethodsOf("IqorProperty").front(), "GetNextChildProperty");
     EXPECT_EQ(MethodsOf("IqorProperty").back(), "RemoveAllPathPoints");
+    EXPECT_EQ(MethodsOf("IprpCollectionViewerCtrl").front(), "putref_Font");
+    EXPECT_EQ(MethodsOf("IprpCollectionViewerCtrl").back(), "CancelInPlaceEdit");
 }
 
 TEST(GeneratedHeader, NamesTheFieldsOfEachRecordInTheirOrder)
