@@ -4,7 +4,8 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    for (const TextView escaped : SavedRecords(LatinText(data, size))) {
+    const Text text = LatinText(data, size);
+    for (const TextView escaped : SavedRecords(text)) {
         Text record(escaped);
         UndoEscapes(record);
         SavedRecord old;
