@@ -9,11 +9,14 @@
 #include <gmock/gmock.h>
 
 #include <cstring>
+#include <set>
+#include <string>
 #include <vector>
 
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::SizeIs;
 using ::testing::UnorderedElementsAreArray;
 
 class ServerFile : public testing::Test {
@@ -105,6 +108,24 @@ TEST_F(ServerFile, HoldsTenRegistrationScriptsAndTheTypeLibrary)
     CComBSTR description;
     ASSERT_EQ(library->GetDocumentation(-1, nullptr, &description, nullptr, nullptr), S_OK);
     EXPECT_EQ(description.View(), L"Lumevor Property Collection Type Library");
+}
+
+TEST_F(ServerFile, HoldsAToolboxBitmapOfSixteenPixelsForEachControl)
+{
+    std::set<std::string> pictures;
+    for (int id = 111; id <= 115; ++id) {
+        const auto bitmap =
+            static_cast<HBITMAP>(LoadImageW(m_module, MAKEINTRESOURCEW(id), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
+        DIBSECTION section{};
+        ASSERT_EQ(GetObjectW(bitmap, sizeof section, &section), static_cast<int>(sizeof section)) << id;
+        EXPECT_EQ(section.dsBm.bmWidth, 16) << id;
+        EXPECT_EQ(section.dsBm.bmHeight, 16) << id;
+        EXPECT_EQ(section.dsBmih.biBitCount, 4) << id;
+        const auto bytes = static_cast<std::size_t>(section.dsBm.bmWidthBytes) * 16;
+        pictures.emplace(static_cast<const char*>(section.dsBm.bmBits), bytes);
+        DeleteObject(bitmap);
+    }
+    EXPECT_THAT(pictures, SizeIs(5)) << "each has a picture of its own";
 }
 
 TEST_F(ServerFile, RefusesUnknownClassesAndNullPointers)
