@@ -1,5 +1,6 @@
 #include "list/RowDisplay.h"
 
+#include "list/FirstFailure.h"
 #include "list/Selection.h"
 
 #include <algorithm>
@@ -163,10 +164,12 @@ int RowDisplay::Expand(CqorLBItem& item)
 void RowDisplay::RefreshAll()
 {
     const BusyScope busy(*this);
+    FirstFailure failure;
     for (std::size_t i = 0; i < m_listRoots.size(); ++i) {
         if (m_listRoots[i]->IsVisible())
-            m_listRoots[i]->Refresh();
+            failure.Try([&] { m_listRoots[i]->Refresh(); });
     }
+    failure.Raise();
 }
 
 CqorLBItem& RowDisplay::AddRoot(std::unique_ptr<CqorLBItem> item)

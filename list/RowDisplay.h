@@ -30,7 +30,8 @@ public:
     /// @return the last row of the subtree, -1 without a row
     int Expand(CqorLBItem& item);
 
-    /// Refreshes every visible root and thereby its children.
+    /// Refreshes every visible root and thereby its children. A row that fails leaves the others to be refreshed; the
+    /// first failure is raised at the end.
     void RefreshAll();
 
     /// Appends a root without a row.

@@ -4,6 +4,7 @@
 
 #include "core/NumberRules.h"
 #include "frame/LanguageStrings.h"
+#include "list/FirstFailure.h"
 #include "list/PropertyAccess.h"
 #include "list/qorODListBox.h"
 
@@ -77,8 +78,10 @@ void CprpPropItem::Refresh()
     if (!m_bVisibilityForced)
         m_bVisible = allVisible;
 
+    FirstFailure failure;
     for (std::size_t i = 0; i < m_listChildren.size(); ++i)
-        m_listChildren[i]->Refresh();
+        failure.Try([&] { m_listChildren[i]->Refresh(); });
+    failure.Raise();
 }
 
 /// Name and input limit, from the first collection.

@@ -43,6 +43,8 @@ CqorODListBox::~CqorODListBox()
 bool CqorODListBox::Create(DWORD style, const Rect& place, HWND parent, UINT id, GridHost* host)
 {
     m_pHost = host;
+    m_bRedrawOff = false; // of a window before this one, as are the pictures
+    m_pImageList = nullptr;
     const Rect atOrigin{0, 0, place.Width(), place.Height()};
     if (!CListBox::Create({OLESTR("ListBox"), OLESTR("Tolvarin List Box"), style, atOrigin, parent, id}))
         return false;

@@ -28,6 +28,8 @@ public:
     void Refresh() override
     {
         ++m_nRefreshes;
+        if (onRefresh)
+            onRefresh();
         for (const auto& child : m_listChildren)
             child->Refresh();
     }
@@ -39,6 +41,7 @@ public:
 
     static inline int s_alive = 0;
     int m_nRefreshes = 0;
+    std::function<void()> onRefresh;
 
 private:
     bool m_bCategory;

@@ -322,6 +322,20 @@ TEST_F(Rows, RefreshAllReachesVisibleRootsAndTheirChildren)
     EXPECT_EQ(static_cast<FakeItem&>(x).m_nRefreshes, 0);
 }
 
+TEST_F(Rows, RefreshAllGoesOnAfterARowThatFailsAndRaisesTheFirstFailure)
+{
+    static_cast<FakeItem&>(a).onRefresh = [] { throw 1; };
+    static_cast<FakeItem&>(x).onRefresh = [] { throw 2; };
+    int raised = 0;
+    try {
+        list.RefreshAll();
+    } catch (int failure) {
+        raised = failure;
+    }
+    EXPECT_EQ(raised, 1);
+    EXPECT_EQ(static_cast<FakeItem&>(b2).m_nRefreshes, 1);
+}
+
 TEST_F(Rows, SurviveAHostThatClearsTheListDuringAnInsertion)
 {
     list.onInsert = [&] { list.Clear(); };
