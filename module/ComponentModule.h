@@ -20,7 +20,7 @@ public:
 /// The component module of the library: class objects, registration, unloading. The four exported functions call it.
 class CLV_prpPropCollectionModule {
 public:
-    /// Selects the language library first. The classes of the five controls are known to the scripts and to the
+    /// Selects the language library first. The classes of the four value viewers are known to the scripts and to the
     /// manifest, but not made by this build: asking for one gives CLASS_E_CLASSNOTAVAILABLE.
     HRESULT GetClassObject(REFCLSID clsid, REFIID iid, void** out);
     /// S_OK when no object, class object or lock is left, and no event helper of another thread. The helpers outlive

@@ -4,6 +4,7 @@
 #include "core/prpPropertyCollection.h"
 #include "core/prpVisibilityInfo.h"
 #include "platform/com/ClassTable.h"
+#include "viewer/prpCollectionViewerCtrl.h"
 
 namespace {
 
@@ -13,5 +14,7 @@ const RegisteredClass kCollection(CLSID_prpPropertyCollection, OLESTR("Tolvarin.
 const RegisteredClass kHelpInfo(CLSID_prpHelpInfo, OLESTR("Tolvarin.prpHelpInfo.1"), &ClassFactory<CprpHelpInfo>::Get);
 const RegisteredClass kVisibilityInfo(CLSID_prpVisibilityInfo, OLESTR("Tolvarin.prpVisibilityInfo.1"),
                                       &ClassFactory<CprpVisibilityInfo>::Get);
+const RegisteredClass kCollectionViewer(CLSID_prpCollectionViewerCtrl, OLESTR("Tolvarin.prpCollectionViewerCtrl.1"),
+                                        &ClassFactory<CprpCollectionViewerCtrl>::Get);
 
 } // namespace

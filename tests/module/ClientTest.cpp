@@ -45,26 +45,25 @@ std::string LibraryOf(const std::string& code)
     return "LV_resResources_" + code + ".dll";
 }
 
-TEST(Client, MakesEveryDataClassByProgIdInACopiedFolder)
+TEST(Client, MakesEveryClassByProgIdInACopiedFolder)
 {
     ComponentFolder folder;
     folder.Install({"PropertyCollection", "Stream", "Settings"});
     const ClientRun run = folder.RunHosted("classes");
     EXPECT_EQ(run.exitCode, 0u) << run.output;
-    for (const char* name :
-         {"prpProperty", "prpPropertyCollection", "prpHelpInfo", "prpVisibilityInfo", "strStream", "setSettings"}) {
+    for (const char* name : {"prpProperty", "prpPropertyCollection", "prpHelpInfo", "prpVisibilityInfo",
+                             "prpCollectionViewerCtrl", "strStream", "setSettings"}) {
         EXPECT_EQ(run.Value(std::string("Tolvarin.") + name), kAvailable) << name;
         EXPECT_EQ(run.Value(std::string("Tolvarin.") + name + ".1"), kAvailable) << name;
     }
 }
 
-TEST(Client, IsToldThatTheControlsAreNotAvailable)
+TEST(Client, IsToldThatTheValueViewersAreNotAvailable)
 {
     ComponentFolder folder;
     folder.Install({"PropertyCollection", "Stream", "Settings"});
     const ClientRun run = folder.RunHosted("classes");
-    for (const char* name :
-         {"prpCollectionViewerCtrl", "prpInfoViewer", "prpGDTViewer", "prpLinearTolViewer", "prpPositionViewer"})
+    for (const char* name : {"prpInfoViewer", "prpGDTViewer", "prpLinearTolViewer", "prpPositionViewer"})
         EXPECT_EQ(run.Value(std::string("Tolvarin.") + name), kNotAvailable) << name;
 }
 
@@ -80,6 +79,19 @@ TEST(Client, BuildsATreeHearsItsEventsAndSavesIt)
                           "event: 2 10\n"
                           "event: 2 20\n"
                           "event: 1 20\n");
+}
+
+TEST(Client, ShowsACollectionByTheNameOfTheGridInThePlatformsContainer)
+{
+    ComponentFolder folder;
+    folder.Install({"PropertyCollection", "Stream", "Settings"});
+    const ClientRun run = folder.RunHosted("grid");
+    EXPECT_EQ(run.exitCode, 0u) << run.output;
+    EXPECT_EQ(run.output, "container: 1\n"
+                          "rows: 2\n"
+                          "size: 300 x 200\n"
+                          "selected: 12.5\n"
+                          "can unload: 1\n");
 }
 
 class ClientLanguage : public testing::TestWithParam<LanguageOfHost> {};

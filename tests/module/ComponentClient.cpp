@@ -250,6 +250,51 @@ void Keep()
         Print("problem", problem);
 }
 
+/// The grid by its name in the platform's own container, showing one collection.
+void Grid()
+{
+    OleInitialize(nullptr);
+    {
+        const HMODULE atl = LoadLibraryW(L"atl.dll");
+        const auto entry = [atl](const char* name) { return reinterpret_cast<void*>(GetProcAddress(atl, name)); };
+        const auto initialise = reinterpret_cast<BOOL(WINAPI*)()>(entry("AtlAxWinInit"));
+        const auto getControl = reinterpret_cast<HRESULT(WINAPI*)(HWND, IUnknown**)>(entry("AtlAxGetControl"));
+        std::printf("container: %d\n", initialise());
+        const HWND frame =
+            CreateWindowW(L"Static", L"", WS_POPUP | WS_VISIBLE, 0, 0, 320, 240, nullptr, nullptr, nullptr, nullptr);
+        const HWND holder = CreateWindowW(L"AtlAxWin", L"Tolvarin.prpCollectionViewerCtrl", WS_CHILD | WS_VISIBLE, 0, 0,
+                                          300, 200, frame, nullptr, nullptr, nullptr);
+        lumevor::Ref<IUnknown> control;
+        lumevor::Check(getControl(holder, control.Put()));
+        lumevor::Ref<IprpCollectionViewerCtrl> viewer;
+        lumevor::Check(control->QueryInterface(IID_IprpCollectionViewerCtrl, viewer.PutVoid()));
+        control = {};
+
+        const Collection collection = Collection::Create();
+        {
+            const Transaction transaction(collection);
+            collection.Add({.id = 10, .type = E_PROP_DT_CATEGORY, .name = L"Probing"});
+            collection.Add({.id = 20, .parent = 10, .type = E_PROP_DT_LINEAR, .name = L"Depth"}).SetDouble(12.5);
+        }
+        IqorPropertyCollection* shown[] = {collection.Get()};
+        lumevor::Check(viewer->ShowProperties(shown, 1));
+        lumevor::Check(viewer->SetSelectedProperty(20));
+        LONG_PTR list = 0;
+        lumevor::Check(viewer->get_HWND(&list));
+        std::printf("rows: %d\n", static_cast<int>(SendMessageW(reinterpret_cast<HWND>(list), LB_GETCOUNT, 0, 0)));
+        RECT size{};
+        GetWindowRect(reinterpret_cast<HWND>(list), &size);
+        std::printf("size: %d x %d\n", static_cast<int>(size.right - size.left),
+                    static_cast<int>(size.bottom - size.top));
+        String text;
+        lumevor::Check(viewer->GetNetSelectedPropertyString(text.Put()));
+        Print("selected", text.ToText());
+        DestroyWindow(frame);
+    }
+    std::printf("can unload: %d\n", CanUnload());
+    OleUninitialize();
+}
+
 struct Command {
     const char* name;
     void (*run)();
@@ -264,6 +309,7 @@ constexpr Command kCommands[] = {
     {"keep", &Keep},
     {"unload-beside-thread", &UnloadBesideThread},
     {"exit-beside-thread", &ExitBesideThread},
+    {"grid", &Grid},
 };
 
 void Activate(const char* manifest)
