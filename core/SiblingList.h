@@ -21,7 +21,10 @@ public:
     SiblingLinks& operator=(const SiblingLinks&) = delete;
 
     [[nodiscard]] Node* NextSibling() const noexcept { return m_pNext; }
-    [[nodiscard]] Node* PreviousSibling() const noexcept { return IsOnAList() ? static_cast<Node*>(m_pPrevious) : nullptr; }
+    [[nodiscard]] Node* PreviousSibling() const noexcept
+    {
+        return IsOnAList() ? static_cast<Node*>(m_pPrevious) : nullptr;
+    }
     [[nodiscard]] bool IsOnAList() const noexcept { return m_pPrevious != this; }
 
 protected:
@@ -89,6 +92,21 @@ public:
         links.m_pPrevious = &node;
         links.m_pNext = nullptr;
         --m_nCount;
+    }
+
+    /// Takes over all nodes of another list, in their order, ahead of its own.
+    void TakeOverAhead(SiblingList& other) noexcept
+    {
+        if (other.IsEmpty())
+            return;
+        LinksOf(*other.m_pLast).m_pNext = m_pFirst;
+        if (m_pFirst)
+            LinksOf(*m_pFirst).m_pPrevious = other.m_pLast;
+        else
+            m_pLast = other.m_pLast;
+        m_pFirst = std::exchange(other.m_pFirst, nullptr);
+        other.m_pLast = nullptr;
+        m_nCount += std::exchange(other.m_nCount, 0);
     }
 
     /// Takes the first node off and returns it; null when there is none.

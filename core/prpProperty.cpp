@@ -49,14 +49,24 @@ ULONG CprpProperty::InternalRelease()
 
 void CprpProperty::FinalRelease()
 {
-    if (!Children().IsEmpty()) {
-        while (CprpProperty* child = MakeExtras().children.TakeFirst())
-            static_cast<IqorProperty*>(child)->Release();
-    }
+    if (!Children().IsEmpty())
+        ReleaseAll(ChildrenToChange());
     if (m_pCollection)
         m_pCollection->Forget(*this);
     m_pCollection = nullptr;
     m_pExtras.Clear();
+}
+
+void CprpProperty::ReleaseAll(SiblingList<CprpProperty>& list)
+{
+    while (CprpProperty* first = list.First()) {
+        if (first->ReferenceCount() == 1 && !first->Children().IsEmpty()) {
+            list.TakeOverAhead(first->ChildrenToChange());
+        } else {
+            list.Unlink(*first);
+            static_cast<IqorProperty*>(first)->Release();
+        }
+    }
 }
 
 void CprpProperty::Name(LONG id, LONG parentId) noexcept

@@ -143,10 +143,9 @@ public:
     const SiblingList<CprpProperty>& Children() const noexcept { return Extras().children; }
     SiblingList<CprpProperty>& ChildrenToChange() { return MakeExtras().children; }
     /// Whether the property is on the list of that parent, whatever parent it reports.
-    bool IsOnListOf(LONG parentId) const noexcept
-    {
-        return IsOnAList() && parentId == (m_bRedirected ? Extras().listOwnerID : m_nParentID);
-    }
+    bool IsOnListOf(LONG parentId) const noexcept { return IsOnAList() && parentId == ListOwnerId(); }
+    /// The parent on whose list the property is, or was last, whatever parent it reports.
+    LONG ListOwnerId() const noexcept { return m_bRedirected ? Extras().listOwnerID : m_nParentID; }
     /// The property behind this one in a depth-first walk that does not descend: a sibling, else the parent's.
     /// Raises an internal error when the property is not on the list it should be on.
     CprpProperty* GetNextSiblingOrUp() const;
@@ -167,10 +166,11 @@ public:
     /// The collection is going: from now on every need of it is an error.
     void Detach() noexcept { m_pCollection = nullptr; }
 
-    /// Copies what a clone takes over, then the children, which are made in the target collection.
+    /// Copies what a clone takes over, children excepted. The property belongs to the target collection.
     void CopyFrom(const CprpProperty& source, CprpPropertyCollection& target);
-    /// Multiplies the lengths of this property and its children by the factor of the target mode.
-    void ConvertPropertyUnit(EprpUnitMode mode);
+    /// Multiplies the lengths of this property by the factor of the target mode.
+    /// @return whether the children are to be converted as well.
+    bool ConvertPropertyUnit(EprpUnitMode mode);
     /// Appends the value text and remembers it as the last rendering.
     void AppendValue(Text& out, LONG precision);
     /// The value text at the collection's precision, remembered as the last rendering; rendered only when read.
@@ -196,6 +196,9 @@ private:
 
     const PropertyExtras& Extras() const noexcept { return *m_pExtras; }
     PropertyExtras& MakeExtras() { return m_pExtras.Make(); }
+    /// Releases what a list owns, each property behind its children. A tree may be of any depth: a property that goes
+    /// with this release leaves its children to the list first, so that no release stands inside another.
+    static void ReleaseAll(SiblingList<CprpProperty>& list);
     void ReportParent(LONG parentId);
     void PutDataType(LONG type);
     bool InTransaction() const noexcept;

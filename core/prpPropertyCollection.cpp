@@ -80,6 +80,21 @@ CprpProperty* CprpPropertyCollection::NextInWalk(CprpProperty& property)
     return child ? child : property.GetNextSiblingOrUp();
 }
 
+CprpProperty* CprpPropertyCollection::NextOnLists(const CprpProperty& property) const
+{
+    CprpProperty* child = property.Children().First();
+    return child ? child : NextBesideOnLists(property);
+}
+
+CprpProperty* CprpPropertyCollection::NextBesideOnLists(const CprpProperty& property) const
+{
+    for (const CprpProperty* node = &property; node; node = Find(node->ListOwnerId())) {
+        if (CprpProperty* next = node->NextSibling())
+            return next;
+    }
+    return nullptr;
+}
+
 /// Adds a property under a parent (-2: at the top level). The id must be 1 or greater and unknown, the parent known;
 /// a name resource of -1 stands for a name that will be given as text. Queues one event.
 /// @param PropError  never written; null is fine.
@@ -324,8 +339,8 @@ STDMETHODIMP CprpPropertyCollection::Clone(LONG NewCollectionID, IqorPropertyCol
         object->m_nPrecision = m_nPrecision;
 
         require.Transaction(InTransaction());
-        for (const CprpProperty& property : m_listTopLevel)
-            object->AddInternal(property.Id(), E_PROP_ID_TOP_LEVEL).CopyFrom(property, *object);
+        for (const CprpProperty* property = m_listTopLevel.First(); property; property = NextOnLists(*property))
+            object->AddInternal(property->Id(), property->ListOwnerId()).CopyFrom(*property, *object);
         Must(clone->EndTransaction(VARIANT_FALSE));
         *Clone = clone.Detach();
     });

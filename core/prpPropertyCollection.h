@@ -99,6 +99,10 @@ public:
     const SiblingList<CprpProperty>& TopLevel() const noexcept { return m_listTopLevel; }
     /// Successor in a depth-first walk over the whole tree; null at the end.
     static CprpProperty* NextInWalk(CprpProperty& property);
+    /// The same by the lists alone, whatever parents are reported; never fails. The property is on a list.
+    CprpProperty* NextOnLists(const CprpProperty& property) const;
+    /// The same without a descent into the children.
+    CprpProperty* NextBesideOnLists(const CprpProperty& property) const;
 
     void QueueEvent(LONG id, EprpEventType type, bool visibilityChanged);
     void QueueAddEvent(LONG id, LONG parentId);

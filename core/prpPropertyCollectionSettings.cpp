@@ -83,8 +83,10 @@ STDMETHODIMP CprpPropertyCollection::put_Precision(LONG Precision)
 STDMETHODIMP CprpPropertyCollection::ConvertUnit(EprpUnitMode UnitMode)
 {
     return InFrame(kOrigin, OLESTR("CprpPropertyCollection::ConvertUnit"), [&](const Checks&) {
-        for (CprpProperty& property : m_listTopLevel)
-            property.ConvertPropertyUnit(UnitMode);
+        for (CprpProperty* property = m_listTopLevel.First(); property;) {
+            const bool descend = property->ConvertPropertyUnit(UnitMode);
+            property = descend ? NextOnLists(*property) : NextBesideOnLists(*property);
+        }
         m_eUnitMode = static_cast<LONG>(UnitMode);
     });
 }

@@ -1,4 +1,4 @@
-// The deep copy of a property into another collection.
+// The copy of a property into another collection.
 #include "core/prpProperty.h"
 #include "core/prpPropertyCollection.h"
 
@@ -21,8 +21,6 @@ void CprpProperty::CopyFrom(const CprpProperty& source, CprpPropertyCollection& 
         CopyExtras(source.Extras());
     if (VisibilityInfo() || PostProcVisibilityInfo())
         target.NoteRule(*this);
-    for (const CprpProperty& child : source.Children())
-        target.AddInternal(child.Id(), Id()).CopyFrom(child, target);
 }
 
 void CprpProperty::CopyExtras(const PropertyExtras& source)

@@ -14,14 +14,13 @@ void ScalePosition(SprpPosition& position, double factor)
 
 } // namespace
 
-void CprpProperty::ConvertPropertyUnit(EprpUnitMode mode)
+bool CprpProperty::ConvertPropertyUnit(EprpUnitMode mode)
 {
     if (m_bNoUnitConvert)
-        return;
+        return false; // and so the whole subtree is shielded, whatever its own flags say
     // The factor depends on the target alone: a conversion to the present mode multiplies all the same.
     ScaleValue(mode == E_METRIC ? kFactorToMetric : kFactorToImperial);
-    for (CprpProperty& child : Children())
-        child.ConvertPropertyUnit(mode);
+    return true;
 }
 
 void CprpProperty::ScaleValue(double factor)

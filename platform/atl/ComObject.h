@@ -42,6 +42,8 @@ public:
 protected:
     ~CComObjectRootEx() = default;
 
+    ULONG ReferenceCount() const { return m_dwRef; }
+
 private:
     typename ThreadModel::Count m_dwRef{0};
 };

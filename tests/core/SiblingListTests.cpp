@@ -103,6 +103,29 @@ TEST_F(Siblings, AreTakenFromTheFrontUntilNoneIsLeft)
     EXPECT_THAT(NumbersOf(list), IsEmpty());
 }
 
+TEST_F(Siblings, MayComeFromAnotherListAheadOfThoseThatAreHere)
+{
+    Sibling d{4};
+    List other;
+    other.Append(a);
+    other.Append(b);
+    list.Append(c);
+    list.Append(d);
+    list.TakeOverAhead(other);
+    EXPECT_THAT(NumbersOf(list), ElementsAre(1, 2, 3, 4));
+    EXPECT_TRUE(list.IsConsistent());
+    EXPECT_TRUE(other.IsEmpty());
+    EXPECT_TRUE(other.IsConsistent());
+
+    list.TakeOverAhead(other); // nothing comes from an empty list
+    EXPECT_THAT(NumbersOf(list), ElementsAre(1, 2, 3, 4));
+    other.TakeOverAhead(list); // and an empty one takes all
+    EXPECT_THAT(NumbersOf(other), ElementsAre(1, 2, 3, 4));
+    EXPECT_TRUE(other.IsConsistent());
+    while (other.TakeFirst())
+        ;
+}
+
 TEST(SiblingList, AgreesWithAPlainListOverALongRandomLife)
 {
     std::mt19937 random(11);
