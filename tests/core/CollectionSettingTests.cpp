@@ -1,4 +1,5 @@
 // Settings of a collection, unit conversion, clones, and the help of a property in a state.
+#include "tests/core/HostRule.h"
 #include "tests/core/ModelFixture.h"
 
 #include <limits>
@@ -201,6 +202,103 @@ TEST_F(CollectionSettings, EmptyTheErrorOfFullPrecisionAloneAndLeaveItInvalid)
     });
 }
 
+TEST_F(CollectionSettings, ReadAModeThatIsNeitherAsImperialForPathsAndTakeNoNumbersInIt)
+{
+    const auto length = Add(1, E_PROP_DT_LINEAR);
+    const auto path = Add(2, E_PROP_DT_SCAN_PATH_LIST);
+    EXPECT_EQ(collection->SetUnitMode(static_cast<EprpUnitMode>(3)), S_OK);
+    InTransaction([&] {
+        EprpPropError error = E_PROP_ERROR_NONE;
+        ExpectInternal(length->SetPropertyDouble(0, &error)); // although it is equal
+        ExpectInternal(length->SetPropertyPosition({}, VARIANT_FALSE));
+        SetString(length, OLESTR("2.5")); // texts ask for no mode
+        EXPECT_EQ(DoubleOf(length), 2.5);
+
+        VARIANT_BOOL changed = VARIANT_FALSE;
+        EXPECT_EQ(path->SetScanPathPointAt(0, SprgScanPathPoint{{1, 2, 3}}, VARIANT_TRUE, &changed), S_OK);
+        EXPECT_EQ(path->SetScanPathPointAt(0, SprgScanPathPoint{{1.00002, 2, 3}}, VARIANT_TRUE, &changed), S_OK);
+        EXPECT_EQ(changed, VARIANT_TRUE);
+        CComBSTR points;
+        EXPECT_EQ(path->GetScanPathString(&points), S_OK);
+        EXPECT_EQ(points.View(), OLESTR("   1.00002,   2.00000,   3.00000"));
+    });
+}
+
+TEST_F(CollectionSettings, ConvertTheNumbersOfSomeTypesAlone)
+{
+    LONG id = 0;
+    for (const auto& [type, converted] : {std::pair{E_PROP_DT_ANGLE, false},
+                                          {E_PROP_DT_LINEAR, true},
+                                          {E_PROP_DT_DOUBLE, false},
+                                          {E_PROP_DT_FORM, false},
+                                          {E_PROP_DT_FULL_PRECISION, true}}) {
+        const auto property = Add(++id, type);
+        SprpBoundsInfo bounds{};
+        bounds.eLowerType = bounds.eUpperType = E_BOUND_CUSTOM;
+        bounds.dbLowerBound = 1;
+        bounds.dbUpperBound = 3;
+        EXPECT_EQ(property->SetPropertyBounds(&bounds), S_OK);
+        InTransaction([&] { SetDouble(property, 2); });
+        Convert(E_METRIC);
+        EXPECT_EQ(DoubleOf(property), converted ? 50.8 : 2) << "type " << type;
+        EXPECT_EQ(property->GetPropertyBounds(&bounds), S_OK);
+        EXPECT_EQ(bounds.dbLowerBound, type == E_PROP_DT_LINEAR ? 25.4 : 1) << "type " << type;
+        EXPECT_EQ(bounds.dbUpperBound, type == E_PROP_DT_LINEAR ? 3 * 25.4 : 3) << "type " << type;
+        InTransaction([&] {
+            EprpPropError error = E_PROP_ERROR_NONE;
+            EXPECT_EQ(collection->RemoveProperty(id, &error), S_OK);
+        });
+    }
+}
+
+TEST_F(CollectionSettings, ConvertVectorsLikePositionsAndTolerancesInTheirSelectedParts)
+{
+    const auto direction = Add(1, E_PROP_DT_VECTOR);
+    const auto linear = Add(2, E_PROP_DT_TOLERANCE);
+    const auto angular = Add(3, E_PROP_DT_TOLERANCE);
+    const auto geometric = Add(4, E_PROP_DT_TOLERANCE);
+    InTransaction([&] {
+        SetString(direction, OLESTR("0;0;1"));
+        SetString(linear, OLESTR("1#3\xAC"
+                                 "1\xAC"
+                                 "10\xAC"
+                                 "1\xAC"
+                                 "-1"));
+        SetString(angular, OLESTR("2#3\xAC"
+                                  "1\xAC"
+                                  "10\xAC"
+                                  "1\xAC"
+                                  "-1"));
+        SetString(geometric, OLESTR("4#101\xAC"
+                                    "0.5"));
+    });
+    Convert(E_METRIC);
+    InTransaction([&] {
+        EXPECT_EQ(StringOf(direction), OLESTR("0;0;25.4"));
+        EXPECT_EQ(StringOf(linear), OLESTR("1#3\xAC"
+                                           "1\xAC"
+                                           "254\xAC"
+                                           "25.4\xAC"
+                                           "-25.4"));
+        EXPECT_EQ(StringOf(angular), OLESTR("2#3\xAC"
+                                            "1\xAC"
+                                            "10\xAC"
+                                            "1\xAC"
+                                            "-1"));
+        EXPECT_EQ(StringOf(geometric), OLESTR("4#101\xAC"
+                                              "12.7"));
+    });
+}
+
+TEST_F(CollectionSettings, ConvertToNoModeByTheImperialFactorAndStoreIt)
+{
+    const auto length = Add(1, E_PROP_DT_LINEAR);
+    InTransaction([&] { SetDouble(length, 25.4); });
+    Convert(E_UNITMODE_NONE);
+    EXPECT_EQ(DoubleOf(length), 25.4 * kInchPerMillimetre);
+    EXPECT_EQ(Mode(collection), E_UNITMODE_NONE);
+}
+
 TEST_F(Clones, CopyTheTreeWithItsValuesAndTheFourSettingsThatAreTheirs)
 {
     Add(1, E_PROP_DT_CATEGORY);
@@ -246,6 +344,145 @@ TEST_F(Clones, CopyTheTreeWithItsValuesAndTheFourSettingsThatAreTheirs)
     VARIANT_BOOL flag = VARIANT_FALSE;
     EXPECT_EQ(clone->get_SaveEditFlags(&flag), S_OK);
     EXPECT_EQ(flag, VARIANT_TRUE);
+}
+
+TEST_F(Clones, FollowTheListsAndNotTheParentsThatWereReported)
+{
+    Add(1, E_PROP_DT_CATEGORY);
+    const auto child = Add(2, E_PROP_DT_CATEGORY, 1);
+    const auto grandchild = Add(3, E_PROP_DT_LINEAR, 2);
+    const auto last = Add(4, E_PROP_DT_LINEAR);
+    InTransaction([&] {
+        EXPECT_EQ(child->SetParentProperty(4), S_OK);
+        EXPECT_EQ(grandchild->SetParentProperty(1), S_OK);
+        EXPECT_EQ(last->SetParentProperty(3), S_OK);
+        const auto clone = CloneOf();
+        Transact(clone, [&] {
+            for (const auto& [id, parent] : std::initializer_list<std::pair<LONG, LONG>>{
+                     {1, E_PROP_ID_TOP_LEVEL}, {2, 1}, {3, 2}, {4, E_PROP_ID_TOP_LEVEL}}) {
+                LONG reported = 0;
+                EXPECT_EQ(PropertyOf(clone, id)->GetParentProperty(&reported), S_OK);
+                EXPECT_EQ(reported, parent) << id;
+            }
+        });
+    });
+}
+
+TEST_F(Clones, SaveInTheOrderInWhichTheyWereMade)
+{
+    Add(1, E_PROP_DT_LONG);
+    Add(2, E_PROP_DT_LONG);
+    Add(3, E_PROP_DT_LONG, 1);
+    InTransaction([&] {
+        EXPECT_EQ(SavedTextOf(collection), OLESTR("~3l0|30~2l0|30~1l0|30"));
+        const auto clone = CloneOf();
+        Transact(clone, [&] { EXPECT_EQ(SavedTextOf(clone), OLESTR("~2l0|30~3l0|30~1l0|30")); });
+    });
+}
+
+TEST_F(Clones, KeepTheEventsOfTheirRulesForTheirFirstTransactionThatFires)
+{
+    const auto property = Add(20, E_PROP_DT_LINEAR);
+    const auto rule = MakeHostRule();
+    CComPtr<IqorPropertyCollection> clone;
+    InTransaction([&] {
+        EXPECT_EQ(property->SetVisibilityInfo(rule), S_OK);
+        rule->visible = VARIANT_FALSE; // not asked again until the transaction of the clone ends
+        clone = CloneOf();
+        rule->visible = VARIANT_TRUE;
+        EXPECT_EQ(property->ClearVisibilityInfo(), S_OK);
+    });
+    ConnectedSink cloneSink{clone};
+    Transact(clone, [&] { EXPECT_FALSE(FlagOf(PropertyOf(clone, 20), &IqorProperty::IsVisible)); });
+    EXPECT_THAT(cloneSink->Records(), ElementsAre(StateEdit(20, true, 5), StateEdit(20, true, 5)));
+    EXPECT_THAT(sink->Records(), IsEmpty());
+}
+
+TEST_F(Clones, CopyEveryOtherFieldOfAProperty)
+{
+    const auto property = Add({.id = 1,
+                               .type = E_PROP_DT_STATEMENT,
+                               .linked = 7,
+                               .module = 9,
+                               .editFlags = 5,
+                               .visible = VARIANT_FALSE,
+                               .readOnly = VARIANT_TRUE,
+                               .alwaysSave = VARIANT_FALSE});
+    InTransaction([&] {
+        SetString(property, OLESTR("x = 1"));
+        EXPECT_EQ(property->SetPropertyPosition({1, 2, 3}, VARIANT_TRUE), S_OK);
+        SprpTolerance tolerance{};
+        tolerance.eTolType = E_TOL_TYPE_LINEAR;
+        tolerance.LinearTolInfo_X.dbNominalValue = 10;
+        tolerance.FormTolInfo.dbError = 4;
+        EXPECT_EQ(property->SetPropertyTolerance(&tolerance), S_OK);
+        SprpBoundsInfo bounds{E_BOUND_CUSTOM, E_BOUND_NONE, 3, 4, 1.0, 2.0, E_PRP_BOUND_LOGIC_GE, E_PRP_BOUND_LOGIC_NE};
+        EXPECT_EQ(property->SetPropertyBounds(&bounds), S_OK);
+        EXPECT_EQ(property->SetInvalidCharacters(Bstr(OLESTR("~|"))), S_OK);
+        EXPECT_EQ(property->SetPropertyName(Bstr(OLESTR("[MACRO REPORT PROP]Bore | Size"))), S_OK);
+        EXPECT_EQ(property->InitialiseScanPathFromString(Bstr(OLESTR("4,5,6"))), S_OK);
+        SetErrorText(property, OLESTR("Bad"));
+        EXPECT_EQ(property->SetValid(VARIANT_FALSE), S_OK);
+
+        const auto clone = CloneOf();
+        const auto copy = [&] {
+            CComPtr<IqorProperty> found;
+            Transact(
+                clone, [&] { found = PropertyOf(clone, 1); }, false);
+            return found;
+        }();
+        Transact(clone, [&] {
+            EXPECT_EQ(StringOf(copy), OLESTR("x = 1"));
+            EXPECT_EQ(PositionOf(copy).Z, 3);
+            EXPECT_EQ(ErrorTextOf(copy), OLESTR("Bad"));
+            EXPECT_FALSE(FlagOf(copy, &IqorProperty::IsVisible));
+            EXPECT_TRUE(FlagOf(copy, &IqorProperty::IsReadOnly));
+            EXPECT_FALSE(FlagOf(copy, &IqorProperty::GetAlwaysSave));
+            EXPECT_FALSE(FlagOf(copy, &IqorProperty::IsValid));
+            EXPECT_TRUE(FlagOf(copy, &IqorProperty::IsMacroReportProperty));
+            EXPECT_EQ(NameOf(copy, E_PRP_PROP_NAME_STYLE_OXBEL_PLUGIN_REPORT), OLESTR("Size"));
+            LONG number = 0;
+            EXPECT_EQ(copy->GetPropertyNameResID(&number), S_OK);
+            EXPECT_EQ(number, -1);
+            EXPECT_EQ(copy->GetLinkedProperty(&number), S_OK);
+            EXPECT_EQ(number, 7);
+            EXPECT_EQ(copy->GetEditFlags(&number), S_OK);
+            EXPECT_EQ(number, 5);
+            LONG_PTR module = 0;
+            EXPECT_EQ(copy->GetHResModule(&module), S_OK);
+            EXPECT_EQ(module, 9);
+            SprgScanPathPoint point{};
+            EXPECT_EQ(copy->GetScanPathPointAt(0, &point), S_OK);
+            EXPECT_EQ(point.Position.Y, 5);
+            CComBSTR characters;
+            EXPECT_EQ(copy->GetInvalidCharacters(&characters), S_OK);
+            EXPECT_EQ(characters.View(), OLESTR("~|"));
+            SprpBoundsInfo copied{};
+            EXPECT_EQ(copy->GetPropertyBounds(&copied), S_OK);
+            EXPECT_EQ(copied.nUpperBound, 4);
+            EXPECT_EQ(copied.eUpperBoundLogic, E_PRP_BOUND_LOGIC_NE);
+            EXPECT_EQ(copy->SetDataType(E_PROP_DT_TOLERANCE), S_OK);
+            EXPECT_EQ(StringOf(copy), OLESTR("1#0\xAC"
+                                             "0\xAC"
+                                             "10\xAC"
+                                             "0\xAC"
+                                             "0"));
+        });
+    });
+}
+
+TEST_F(Clones, StartWithoutALoadVersion)
+{
+    EXPECT_EQ(collection->put_LoadVersion(1), S_OK);
+    InTransaction([&] {
+        const auto clone = CloneOf();
+        Transact(clone, [&] {
+            CComPtr<IqorStream> errors = MakeStream();
+            EXPECT_EQ(clone->LoadFromStream(MakeStream(OLESTR("~1h35")), errors, nullptr), S_OK);
+            EXPECT_THAT(ReadStrings(errors), ElementsAre(OLESTR("A parsing error has occurred (Unknown property "
+                                                                "version) at line: ~1h35")));
+        });
+    });
 }
 
 TEST_F(Clones, LeaveWarningsPostProcessingAndTheUnitShieldBehind)

@@ -1,5 +1,6 @@
 // The tree of a collection: adding, removing, finding and walking.
 #include "tests/core/ModelFixture.h"
+#include "tests/support/TestStrings.h"
 
 #include <bit>
 #include <thread>
@@ -415,6 +416,46 @@ TEST_F(CollectionTree, RedirectsTheParentWithoutMovingInTheLists)
     });
 }
 
+TEST_F(CollectionTree, HandsARedirectedPropertyOutBeforeItRaisesForItsSuccessor)
+{
+    AddAll({{5, -2}, {9, 5}, {3, -2}});
+    InTransaction([&] {
+        EXPECT_EQ(PropertyOf(collection, 9)->SetParentProperty(3), S_OK);
+        LONG next = 9;
+        EprpPropError error = E_PROP_ERROR_NO_ACTUALS;
+        CComPtr<IqorProperty> handed;
+        ExpectInternal(collection->GetNextPropertyAll(&next, &error, &handed));
+        EXPECT_NE(handed.p, nullptr);
+        EXPECT_EQ(error, E_PROP_ERROR_NONE);
+        // Back under its own parent it is where it should be.
+        EXPECT_EQ(PropertyOf(collection, 9)->SetParentProperty(5), S_OK);
+        EXPECT_THAT(Walk(), ElementsAre(5, 9, 3));
+    });
+}
+
+TEST_F(CollectionTree, KeepsAPropertyWhoseNameDoesNotParseAndLosesEventsUntilTheNextAddition)
+{
+    CComPtr<IqorProperty> broken;
+    const auto events = EventsOf([&] {
+        EXPECT_EQ(AddTo(collection, {.id = 5,
+                                     .nameResID = kBrokenNoteString,
+                                     .module = ModuleWithStrings(),
+                                     .editFlags = 3,
+                                     .visible = VARIANT_FALSE}),
+                  kInternalErrorCode);
+        broken = PropertyOf(collection, 5);
+        LONG flags = 0;
+        EXPECT_EQ(broken->GetEditFlags(&flags), S_OK);
+        EXPECT_EQ(flags, 3);
+        EXPECT_TRUE(FlagOf(broken, &IqorProperty::IsVisible)) << "the steps behind the name were not taken";
+
+        EXPECT_EQ(broken->SetReadOnly(VARIANT_TRUE), S_OK);
+        EXPECT_EQ(AddTo(collection, {.id = 6}), S_OK);
+        EXPECT_EQ(Remove(6), E_PROP_ERROR_NONE);
+    });
+    EXPECT_THAT(events, ElementsAre(Added(5), Deleted(6)));
+}
+
 TEST_F(CollectionTree, ComparesNamesWithoutRegardToCaseAndGivesTheFirstInWalkOrder)
 {
     AddAll({{5, -2}, {9, 5}, {3, -2}});
@@ -438,6 +479,46 @@ TEST_F(CollectionTree, ComparesNamesWithoutRegardToCaseAndGivesTheFirstInWalkOrd
         EXPECT_EQ(collection->GetPropertyFromName(nullptr, &error, &nameless), S_OK);
         EXPECT_EQ(nameless->GetPropertyID(&id), S_OK);
         EXPECT_EQ(id, 5);
+    });
+}
+
+TEST_F(CollectionTree, FoldsAsciiLettersAloneWhenItComparesNames)
+{
+    AddAll({{5, -2}});
+    InTransaction([&] {
+        EXPECT_EQ(PropertyOf(collection, 5)
+                      ->SetPropertyName(Bstr(OLESTR("Gr\xF6\xDF"
+                                                    "e"))),
+                  S_OK);
+        EprpPropError error = E_PROP_ERROR_NONE;
+        CComPtr<IqorProperty> found;
+        EXPECT_EQ(collection->GetPropertyFromName(Bstr(OLESTR("GR\xD6\xDF"
+                                                              "E")),
+                                                  &error, &found),
+                  S_OK);
+        EXPECT_EQ(found.p, nullptr);
+        EXPECT_EQ(collection->GetPropertyFromName(Bstr(OLESTR("gR\xF6\xDF"
+                                                              "E")),
+                                                  &error, &found),
+                  S_OK);
+        EXPECT_NE(found.p, nullptr);
+    });
+}
+
+TEST_F(CollectionTree, RaisesForANameThatDoesNotParseOnTheWayToAnother)
+{
+    AddAll({{5, -2}});
+    InTransaction([&] {
+        const auto waiting = PropertyOf(collection, 5);
+        EXPECT_EQ(waiting->SetPropertyNameResID(kBrokenNoteString), S_OK); // found in no module yet
+        EXPECT_EQ(waiting->SetHResModule(ModuleWithStrings()), S_OK);
+        EXPECT_EQ(AddTo(collection, {.id = 6}), S_OK);
+        EXPECT_EQ(PropertyOf(collection, 6)->SetPropertyName(Bstr(OLESTR("Bore"))), S_OK);
+        EprpPropError error = E_PROP_ERROR_NO_ACTUALS;
+        CComPtr<IqorProperty> found;
+        ExpectInternal(collection->GetPropertyFromName(Bstr(OLESTR("Bore")), &error, &found));
+        EXPECT_EQ(found.p, nullptr);
+        EXPECT_EQ(error, E_PROP_ERROR_NONE);
     });
 }
 

@@ -4,11 +4,20 @@
 #include "tests/core/ModelFixture.h"
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 
-class DeepTrees : public ModelTest {
+class Trees : public ModelTest {
+protected:
+    /// The last reference: a connected sink holds one as well.
+    void ReleaseCollection()
+    {
+        sink.Disconnect();
+        collection.Release();
+    }
+};
+
+class DeepTrees : public Trees {
 protected:
     static constexpr LONG kLevels = 100'000;
 
@@ -40,7 +49,7 @@ public:
     ~MortalRule() override { gone->push_back(number); }
 };
 
-class DyingTrees : public ModelTest {
+class DyingTrees : public Trees {
 protected:
     std::vector<int> gone;
 
@@ -77,7 +86,7 @@ protected:
 TEST_F(DeepTrees, GoWithTheirCollection)
 {
     Build(collection);
-    collection.Release();
+    ReleaseCollection();
 }
 
 TEST_F(DeepTrees, GoWithThePropertyThatIsRemoved)
@@ -94,7 +103,7 @@ TEST_F(DeepTrees, GoWithTheHostThatHeldThemLongerThanTheirCollection)
     Build(collection);
     CComPtr<IqorProperty> top;
     InTransaction([&] { top = PropertyOf(collection, 1); });
-    collection.Release();
+    ReleaseCollection();
     top.Release();
 }
 
@@ -135,7 +144,7 @@ TEST_F(DeepTrees, AreClonedToTheirEnd)
     InTransaction([&] { SetDouble(PropertyOf(collection, kLevels), 7); });
     CComPtr<IqorPropertyCollection> clone;
     InTransaction([&] { EXPECT_EQ(collection->Clone(2, &clone), S_OK); });
-    collection.Release();
+    ReleaseCollection();
     Transact(clone, [&] {
         const auto last = PropertyOf(clone, kLevels);
         EXPECT_EQ(DoubleOf(last), 7);
@@ -190,7 +199,7 @@ TEST_F(DeepTrees, AreSavedAndLoadedIntoATreeBuiltAgain)
 TEST_F(DyingTrees, GoChildrenFirstAndInTheOrderOfTheirLists)
 {
     BuildSeven();
-    collection.Release();
+    ReleaseCollection();
     EXPECT_THAT(gone, ElementsAre(3, 4, 2, 6, 5, 1, 7));
 }
 

@@ -2,6 +2,9 @@
 #include "tests/core/ModelFixture.h"
 
 #include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
 #include <iterator>
 #include <random>
 
@@ -165,3 +168,140 @@ TEST_P(RoundTrips, GiveTheSameTextAgain)
 }
 
 INSTANTIATE_TEST_SUITE_P(Generated, RoundTrips, testing::Range(0U, 12U));
+
+namespace {
+
+// Numbers as the C library prints them and reads them again.
+double Fixed(int decimals, double value)
+{
+    char text[400];
+    std::snprintf(text, sizeof text, "%.*f", decimals, value);
+    return std::strtod(text, nullptr);
+}
+double SixDigits(double value)
+{
+    char text[40];
+    std::snprintf(text, sizeof text, "%g", value);
+    return std::strtod(text, nullptr);
+}
+
+/// A coordinate of a path: single precision on its way to the text and on its way back.
+double Narrowed(int decimals, double value)
+{
+    char text[400];
+    std::snprintf(text, sizeof text, "%.*f", decimals, static_cast<double>(static_cast<float>(value)));
+    return std::strtof(text, nullptr);
+}
+
+/// Numbers of every size that a host may set, halves and thirds among them.
+double AnyNumber(std::mt19937_64& random)
+{
+    switch (random() % 4) {
+    case 0: return static_cast<double>(static_cast<int>(random() % 2000001) - 1000000) / 32;
+    case 1: return static_cast<double>(static_cast<int>(random() % 2000001) - 1000000) / 3e5;
+    case 2: return std::ldexp(1 + static_cast<double>(random() % 100000) / 7e4, static_cast<int>(random() % 60) - 20);
+    default: return -std::ldexp(1 + static_cast<double>(random() % 100000) / 7e4, static_cast<int>(random() % 50) - 25);
+    }
+}
+
+/// The same tree twice: one whose values are set, one that loads them.
+class Losses : public testing::Test {
+protected:
+    static constexpr EprpPropDataType kNumbers[] = {E_PROP_DT_ANGLE, E_PROP_DT_LINEAR, E_PROP_DT_DOUBLE, E_PROP_DT_FORM,
+                                                    E_PROP_DT_FULL_PRECISION};
+    static constexpr LONG kPlace = 20, kTolerance = 21, kPath = 22;
+
+    static CComPtr<IqorPropertyCollection> Build(LONG precision, EprpUnitMode mode)
+    {
+        const auto collection = MakeObject<IqorPropertyCollection>(CLSID_prpPropertyCollection);
+        EXPECT_EQ(collection->put_LoadVersion(1), S_OK);
+        EXPECT_EQ(collection->put_Precision(precision), S_OK);
+        EXPECT_EQ(collection->SetUnitMode(mode), S_OK);
+        Transact(collection, [&] {
+            for (const EprpPropDataType type : kNumbers)
+                EXPECT_EQ(AddTo(collection, {.id = static_cast<LONG>(type), .type = type}), S_OK);
+            EXPECT_EQ(AddTo(collection, {.id = kPlace, .type = E_PROP_DT_POSITION}), S_OK);
+            EXPECT_EQ(AddTo(collection, {.id = kTolerance, .type = E_PROP_DT_TOLERANCE}), S_OK);
+            EXPECT_EQ(AddTo(collection, {.id = kPath, .type = E_PROP_DT_SCAN_PATH_LIST}), S_OK);
+        });
+        return collection;
+    }
+    static SprpTolerance ToleranceOf(IqorPropertyCollection* collection)
+    {
+        SprpTolerance tolerance{};
+        EXPECT_EQ(PropertyOf(collection, kTolerance)->GetPropertyTolerance(&tolerance), S_OK);
+        for (SprpGDTInfo* part : {&tolerance.GDTInfo_X, &tolerance.GDTInfo_Y, &tolerance.GDTInfo_Z})
+            for (BSTR* name : {&part->bstrDatumPlane1, &part->bstrDatumPlane2, &part->bstrDatumPlane3}) {
+                SysFreeString(*name);
+                *name = nullptr;
+            }
+        return tolerance;
+    }
+};
+
+} // namespace
+
+TEST_F(Losses, AreTheDigitsThatTheFormatsCutAndNoOthers)
+{
+    std::mt19937_64 random(17);
+    for (int round = 0; round < 1000; ++round) {
+        const LONG precision = static_cast<LONG>(random() % 9);
+        const EprpUnitMode mode = random() % 2 ? E_METRIC : E_IMPERIAL;
+        const auto first = Build(precision, mode);
+        const auto second = Build(precision, mode);
+        double numbers[std::size(kNumbers)];
+        SprpPosition place{AnyNumber(random), AnyNumber(random), AnyNumber(random)};
+        SprpPosition point{AnyNumber(random), AnyNumber(random), AnyNumber(random)};
+        SprpTolerance tolerance{};
+        tolerance.eTolType = E_TOL_TYPE_LINEAR;
+        tolerance.LinearTolInfo_X = {E_TOL_STATUS_IN_TOL, VARIANT_TRUE,      AnyNumber(random),
+                                     AnyNumber(random),   AnyNumber(random), AnyNumber(random),
+                                     AnyNumber(random),   VARIANT_FALSE,     7};
+        Text saved;
+        Transact(first, [&] {
+            for (std::size_t i = 0; i < std::size(kNumbers); ++i) {
+                SetDouble(PropertyOf(first, kNumbers[i]), AnyNumber(random));
+                numbers[i] = DoubleOf(PropertyOf(first, kNumbers[i]));
+            }
+            EXPECT_EQ(PropertyOf(first, kPlace)->SetPropertyPosition(place, VARIANT_TRUE), S_OK);
+            EXPECT_EQ(PropertyOf(first, kTolerance)->SetPropertyTolerance(&tolerance), S_OK);
+            VARIANT_BOOL changed = VARIANT_FALSE;
+            EXPECT_EQ(PropertyOf(first, kPath)->SetScanPathPointAt(0, SprgScanPathPoint{point}, VARIANT_TRUE, &changed),
+                      S_OK);
+            saved = SavedTextOf(first);
+        });
+        Transact(second, [&] {
+            VARIANT_BOOL success = VARIANT_FALSE;
+            ASSERT_EQ(second->LoadFromStream(MakeStream(saved), nullptr, &success), S_OK);
+            ASSERT_EQ(success, VARIANT_TRUE);
+            for (std::size_t i = 0; i < std::size(kNumbers); ++i) {
+                const int decimals = kNumbers[i] == E_PROP_DT_ANGLE            ? 4
+                                     : kNumbers[i] == E_PROP_DT_FULL_PRECISION ? 6
+                                                                               : static_cast<int>(precision);
+                ASSERT_EQ(DoubleOf(PropertyOf(second, kNumbers[i])), Fixed(decimals, numbers[i]));
+            }
+            const SprpPosition loaded = PositionOf(PropertyOf(second, kPlace));
+            ASSERT_EQ(loaded.X, Fixed(static_cast<int>(precision), place.X));
+            ASSERT_EQ(loaded.Y, Fixed(static_cast<int>(precision), place.Y));
+            ASSERT_EQ(loaded.Z, Fixed(static_cast<int>(precision), place.Z));
+
+            const SprpTolerance read = ToleranceOf(second);
+            const SprpLinearTolInfo& given = tolerance.LinearTolInfo_X;
+            ASSERT_EQ(read.LinearTolInfo_X.dbNominalValue, SixDigits(given.dbNominalValue));
+            ASSERT_EQ(read.LinearTolInfo_X.dbUpperBound, SixDigits(given.dbUpperBound));
+            ASSERT_EQ(read.LinearTolInfo_X.dbLowerBound, SixDigits(given.dbLowerBound));
+            ASSERT_EQ(read.LinearTolInfo_X.eTolStatus, E_TOL_STATUS_NOT_CALCULATED);
+            ASSERT_EQ(read.LinearTolInfo_X.dbCalculatedValue, 0);
+            ASSERT_EQ(read.LinearTolInfo_X.dbError, 0);
+            ASSERT_EQ(read.LinearTolInfo_X.nEditFlags, 7);
+
+            SprgScanPathPoint back{};
+            ASSERT_EQ(PropertyOf(second, kPath)->GetScanPathPointAt(0, &back), S_OK);
+            const int decimals = mode == E_METRIC ? 4 : 5;
+            ASSERT_EQ(back.Position.X, Narrowed(decimals, point.X));
+            ASSERT_EQ(back.Position.Y, Narrowed(decimals, point.Y));
+            ASSERT_EQ(back.Position.Z, Narrowed(decimals, point.Z));
+            ASSERT_EQ(SavedTextOf(second), saved);
+        });
+    }
+}

@@ -1,9 +1,12 @@
 // Transactions: the lock, the flag, the rules at the end, and what reaches the sinks on which thread.
 #include "platform/com/PumpThreadQueue.h"
+#include "tests/core/HostRule.h"
 #include "tests/core/ModelFixture.h"
 
 #include <atomic>
 #include <chrono>
+#include <cstdio>
+#include <cstring>
 #include <thread>
 
 using testing::ElementsAre;
@@ -64,6 +67,52 @@ TEST_F(Transactions, RefuseAThreadAtOnceThatOnlyPolls)
     LONG id = 0;
     EXPECT_EQ(collection->GetCollectionID(&id), S_OK); // still open
     ASSERT_EQ(collection->EndTransaction(VARIANT_FALSE), S_OK);
+}
+
+TEST_F(Transactions, NameTheThreadThatWaitsInSmallAndTheOneThatHoldsInCapitalDigits)
+{
+    ASSERT_EQ(collection->StartTransaction(-1), S_OK);
+    const DWORD holder = GetCurrentThreadId();
+    DWORD waiting = 0;
+    Worker([&] {
+        waiting = GetCurrentThreadId();
+        EXPECT_TRUE(FAILED(collection->StartTransaction(0)));
+        m_message = LastErrorMessage();
+    }).join();
+    char expected[120];
+    std::snprintf(expected, sizeof expected,
+                  "Failed to start a transaction for the thread %x due to a lock by thread %X",
+                  static_cast<unsigned>(waiting), static_cast<unsigned>(holder));
+    EXPECT_EQ(m_message, Text(expected, expected + std::strlen(expected)));
+    ASSERT_EQ(collection->EndTransaction(VARIANT_FALSE), S_OK);
+}
+
+TEST_F(Transactions, LeaveEventsOfTheirRulesForTheNextThatFires)
+{
+    const auto property = Add(1, E_PROP_DT_LINEAR);
+    const auto rule = MakeHostRule();
+    InTransaction([&] { EXPECT_EQ(property->SetVisibilityInfo(rule), S_OK); });
+    rule->visible = VARIANT_FALSE;
+    Transact(
+        collection, [&] { SetDouble(property, 1.5); }, false);
+    EXPECT_THAT(sink->Records(), IsEmpty());
+    InTransaction([&] { EXPECT_FALSE(FlagOf(property, &IqorProperty::IsVisible)); });
+    EXPECT_THAT(sink->Records(), ElementsAre(StateEdit(1, true)));
+    EXPECT_EQ(property->ClearVisibilityInfo(), S_OK);
+}
+
+TEST_F(Transactions, ApplyTheRuleOfARemovedPropertyThatAHostHolds)
+{
+    const auto held = Add(1, E_PROP_DT_LINEAR);
+    const auto rule = MakeHostRule();
+    InTransaction([&] {
+        EXPECT_EQ(held->SetVisibilityInfo(rule), S_OK);
+        EprpPropError error = E_PROP_ERROR_NONE;
+        EXPECT_EQ(collection->RemoveProperty(1, &error), S_OK);
+        rule->visible = VARIANT_FALSE;
+    });
+    EXPECT_THAT(sink->Records(), ElementsAre(Deleted(1), StateEdit(1, true)));
+    EXPECT_EQ(held->ClearVisibilityInfo(), S_OK);
 }
 
 TEST_F(Transactions, WaitForALockAsLongAsTheyMay)
