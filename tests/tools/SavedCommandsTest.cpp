@@ -1,4 +1,5 @@
 // decode, check and diff: saved texts without any tree.
+#include "tests/tools/SpoiltText.h"
 #include "tests/tools/ToolFixture.h"
 
 #include <random>
@@ -23,30 +24,6 @@ protected:
                    : troubles[0]["kind"].get<std::string>() + ": " + troubles[0]["reason"].get<std::string>();
     }
 };
-
-/// Records as a damaged disk or a wrong editor leaves them: right ones with bytes changed, cut, doubled or at random.
-std::string DamagedText(unsigned seed, size_t records)
-{
-    std::mt19937 random(seed);
-    const char* const kGood[] = {"1al1|35", "1fn1|81;2.5;-3", "1dl1|6a\\$b\\&c#d",
-                                 "1el1|71#3\xC2\xAC"
-                                 "1\xC2\xAC"
-                                 "10"};
-    std::string text;
-    for (size_t i = 0; i < records; ++i) {
-        std::string record = std::string("~") + kGood[random() % 4];
-        for (size_t damage = random() % 4; damage > 0; --damage) {
-            const size_t at = random() % record.size();
-            switch (random() % 3) {
-            case 0: record[at] = static_cast<char>(random()); break;
-            case 1: record.resize(at + 1); break;
-            default: record.insert(at, 1, static_cast<char>(random())); break;
-            }
-        }
-        text += record;
-    }
-    return text;
-}
 
 } // namespace
 
@@ -186,7 +163,7 @@ TEST_F(SavedCommands, DamagedAndRandomTextsNeverEndThePrograms)
     std::string noise(100000, '\0');
     for (char& c : noise)
         c = static_cast<char>(random());
-    for (const std::string& text : {DamagedText(1, 5000), DamagedText(2, 5000), noise})
+    for (const std::string& text : {DamagedText(1, 5000), RandomText(2, 5000), noise})
         for (const char* command : {"decode", "check"})
             for (const char* version : {"0", "1"}) {
                 const ToolResult result = Run({command, Saved(text), "--version", version});

@@ -59,6 +59,17 @@ TEST_F(TreeCommands, ShowPrintsTheTreeAlignedAndIndented)
                           "9 properties\n");
 }
 
+TEST_F(TreeCommands, ShowOfADeepTreeIsAsWideAsItsLastIndentedLevel)
+{
+    std::string deep = R"({"routineVersion": 1, "properties": [{"id": 1, "type": "long"})";
+    for (int id = 2; id <= 5000; ++id)
+        deep += ",{\"id\": " + std::to_string(id) + ", \"type\": \"long\", \"parent\": " + std::to_string(id - 1) + "}";
+    const ToolResult result = Run({"show", files.Write("deep.json", deep + "]}")});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.out, HasSubstr("5000 properties"));
+    EXPECT_LT(result.out.size(), 5000U * 100);
+}
+
 TEST_F(TreeCommands, ShowTakesTheValuesOfASavedText)
 {
     EXPECT_EQ(Shown(26, {routine, files.Write("s.txt", "~1al1|342")})["shown"], "42");

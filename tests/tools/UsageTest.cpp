@@ -1,4 +1,5 @@
 // Help, wrong use and bad input: a sentence on the error stream, the right exit status, nothing written.
+#include "tests/tools/Samples.h"
 #include "tests/tools/ToolFixture.h"
 
 using testing::AllOf;
@@ -66,6 +67,13 @@ TEST_F(Usage, AMissingFileIsToldByName)
     EXPECT_THAT(SentenceOf({"import", files.Path("none.qif")}), HasSubstr("none.qif: cannot be read: "));
 }
 
+TEST_F(Usage, APathThatBeginsWithASlashIsAFileOnEverySystem)
+{
+    EXPECT_THAT(SentenceOf({"show", "/none.json"}), HasSubstr("/none.json: cannot be read: "));
+    EXPECT_THAT(SentenceOf({"decode", "/j"}), HasSubstr("/j: cannot be read: "));
+    EXPECT_THAT(SentenceOf({"set", routine, "/version:0", "26=1"}), HasSubstr("/version:0: cannot be read: "));
+}
+
 TEST_F(Usage, AnUnreadableRoutineIsToldWithLineKeyAndReason)
 {
     const std::string broken = files.Write("broken.json", "{\n  \"routineVersion\": 1,\n  \"properties\": [}\n");
@@ -107,6 +115,50 @@ TEST_F(Usage, AFileThatCannotBeWrittenIsTold)
 {
     EXPECT_THAT(SentenceOf({"save", routine, "-o", files.Path("no/such/folder.txt")}),
                 HasSubstr("folder.txt: cannot be written"));
+}
+
+TEST_F(Usage, EveryCommandSpeaksJson)
+{
+    const std::string saved = files.Write("saved.txt", "~1al1|35~63l1|35~1cl1|42~1dl1|6a\"b\\$\x01\xFF~zz");
+    const std::string sample = files.Path("plan.json");
+    const std::vector<std::vector<std::string>> commands = {
+        {"show", routine},
+        {"show", routine, saved},
+        {"save", routine},
+        {"save", routine, "-o", files.Path("o.txt")},
+        {"load", routine, saved},
+        {"set", routine, "26=6"},
+        {"set", routine, saved, "29=\"\t"},
+        {"convert", routine, "--to", "imperial"},
+        {"decode", saved},
+        {"decode", files.Write("empty.txt", "")},
+        {"decode", saved, "--version", "0"},
+        {"diff", saved, files.Write("other.txt", "~1al1|36")},
+        {"check", saved},
+        {"check", saved, "--quiet"},
+        {"audit", routine},
+        {"audit", routine, saved, "--summary"},
+        {"import", SamplePath("qif/QIF_Results_Sample.QIF"), "-o", sample},
+    };
+    for (std::vector<std::string> arguments : commands) {
+        const std::string said = testing::PrintToString(arguments);
+        arguments.push_back("--json");
+        const ToolResult result = Run(arguments);
+        EXPECT_NE(result.status, 2) << said << result.err;
+        EXPECT_TRUE(nlohmann::json::accept(result.out)) << said << result.out;
+    }
+}
+
+TEST_F(Usage, AFileThatGoesToTheOutputStandsThereAlone)
+{
+    const std::string saved = files.Write("saved.txt", "~1al1|37");
+    const std::string text = Run({"load", routine, saved, "-o", "-"}).out;
+    EXPECT_EQ(text, Run({"load", routine, saved, "-o", "-", "--json"}).out);
+    EXPECT_THAT(text, AllOf(StartsWith("~"), HasSubstr("~1al1|37~")));
+    EXPECT_EQ(Run({"load", routine, saved, "-o", "-"}).err, "1 record, 0 faults\n");
+    EXPECT_THAT(Run({"set", routine, "26=7", "-o", "-"}).out, StartsWith("~"));
+    EXPECT_THAT(Run({"convert", routine, "--to", "imperial", "--saved", "-"}).out, StartsWith("~"));
+    EXPECT_TRUE(nlohmann::json::accept(Run({"convert", routine, "--to", "imperial", "-o", "-"}).out));
 }
 
 TEST_F(Usage, NothingIsColouredAwayFromATerminal)

@@ -36,6 +36,11 @@ std::string Console::Paint(Colour colour, std::string_view text) const
     return std::string(CodeOf(colour)).append(text).append("\033[0m");
 }
 
+Console Console::BesideFile(std::string_view file) const
+{
+    return file == "-" ? Console{err, err, json, colours && progress, progress} : *this;
+}
+
 size_t ColumnsOf(std::string_view text)
 {
     return static_cast<size_t>(std::ranges::count_if(text, IsFirstByte));

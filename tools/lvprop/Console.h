@@ -21,6 +21,10 @@ struct Console {
 
     /// The text in a colour, or as it is.
     std::string Paint(Colour colour, std::string_view text) const;
+
+    /// For the report of a command that also writes a file: where that goes to the output, "-", the report goes to the
+    /// error stream.
+    Console BesideFile(std::string_view file) const;
 };
 
 /// Number of columns that UTF-8 text takes: its characters.

@@ -55,6 +55,7 @@ ExitStatus RunTool(std::vector<std::string> arguments)
     Action chosen;
     CLI::App tool("Looks into routines and saved texts of the property component.", "lvprop");
     tool.require_subcommand(1);
+    tool.allow_windows_style_options(false); // "/plate.json" is a file on every system
     tool.footer(kFooter);
     tool.set_version_flag("--version", "lvprop " LVPROP_VERSION);
     tool.add_flag("--json", console.json, "Results as JSON, for programs");

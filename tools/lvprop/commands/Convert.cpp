@@ -73,13 +73,14 @@ ExitStatus RunConvert(const ConvertOptions& options, const Console& console)
     const std::vector<TreeProperty> after = loaded.tree.Read();
     const std::vector<FieldDifference> differences = CompareTrees(before, after);
 
-    if (console.json) {
+    const Console report = console.BesideFile(options.savedOutput == "-" ? options.savedOutput : options.output);
+    if (report.json) {
         Json json = Json::array();
         for (const FieldDifference& difference : differences)
             json.push_back(JsonOf(difference));
-        console.out << FormatJson({{"unitMode", options.target}, {"changes", json}});
+        report.out << FormatJson({{"unitMode", options.target}, {"changes", json}});
     } else {
-        PrintTable(differences, console);
+        PrintTable(differences, report);
     }
     if (!options.output.empty())
         WriteFile(options.output, WriteRoutine(WithValuesOf(loaded.routine, after, mode)));

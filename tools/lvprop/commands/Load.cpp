@@ -55,18 +55,9 @@ void PrintKept(const std::string& title, const std::vector<TreeProperty>& kept, 
     table.Print(console);
 }
 
-ExitStatus RunLoad(const LoadOptions& options, const Console& console)
+void PrintOutcome(size_t records, const LoadOutcome& outcome, const std::vector<TreeProperty>& unused,
+                  const std::vector<TreeProperty>& mismatched, const Console& console)
 {
-    const Routine routine = ReadRoutine(options.inputs.routine);
-    const SavedFile saved = OpenSaved(options.inputs.saved);
-    const PropertyTree tree(routine);
-    size_t records = 0;
-    saved.ForEachRecord([&](size_t, size_t, const Text&) { ++records; });
-    const LoadOutcome outcome = tree.Load(saved.WholeText(), options.inputs.version);
-    const std::vector<TreeProperty> properties = tree.Read();
-    const auto unused = KeptUnder(tree, properties, &IqorPropertyCollection::GetUnusedSaveDataCategoryID);
-    const auto mismatched = KeptUnder(tree, properties, &IqorPropertyCollection::GetMismatchedSaveDataCategoryID);
-
     if (console.json) {
         console.out << FormatJson({{"records", records},
                                    {"complete", outcome.isComplete},
@@ -83,6 +74,20 @@ ExitStatus RunLoad(const LoadOptions& options, const Console& console)
         PrintKept("Unused saved data, kept:", unused, console);
         PrintKept("Mismatched saved data, kept:", mismatched, console);
     }
+}
+
+ExitStatus RunLoad(const LoadOptions& options, const Console& console)
+{
+    const Routine routine = ReadRoutine(options.inputs.routine);
+    const SavedFile saved = OpenSaved(options.inputs.saved);
+    const PropertyTree tree(routine);
+    size_t records = 0;
+    saved.ForEachRecord([&](size_t, size_t, const Text&) { ++records; });
+    const LoadOutcome outcome = tree.Load(saved.WholeText(), options.inputs.version);
+    const std::vector<TreeProperty> properties = tree.Read();
+    const auto unused = KeptUnder(tree, properties, &IqorPropertyCollection::GetUnusedSaveDataCategoryID);
+    const auto mismatched = KeptUnder(tree, properties, &IqorPropertyCollection::GetMismatchedSaveDataCategoryID);
+    PrintOutcome(records, outcome, unused, mismatched, console.BesideFile(options.output));
     if (!options.output.empty() && outcome.raised.empty())
         WriteFile(options.output, Utf8From(tree.Save()) + "\n");
     return outcome.isComplete && outcome.raised.empty() ? ExitStatus::Fine : ExitStatus::DataHasFaults;

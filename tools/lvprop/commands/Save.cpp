@@ -17,9 +17,10 @@ struct SaveOptions {
 ExitStatus RunSave(const SaveOptions& options, const Console& console)
 {
     const PropertyTree tree(ReadRoutine(options.routine));
-    const std::string line = Utf8From(tree.Save());
+    const lumevor::Text text = tree.Save();
+    const std::string line = Utf8From(text);
     if (console.json)
-        console.out << FormatJson({{"characters", line.size()}, {"text", line}});
+        console.out << FormatJson({{"characters", text.size()}, {"text", line}});
     if (!console.json || options.output != "-")
         WriteFile(options.output, line + "\n");
     return ExitStatus::Fine;

@@ -133,13 +133,14 @@ ExitStatus RunSet(const SetOptions& options, const Console& console)
     const LoadedTree loaded = OpenTree(inputs, console);
     std::vector<SeenEvent> events = SetAndListen(loaded.tree, assignments);
     AddNewTexts(loaded.tree, events);
-    if (console.json) {
+    const Console report = console.BesideFile(options.output);
+    if (report.json) {
         Json json = Json::array();
         for (const SeenEvent& event : events)
             json.push_back(JsonOf(event));
-        console.out << FormatJson({{"events", json}});
+        report.out << FormatJson({{"events", json}});
     } else {
-        PrintTable(events, console);
+        PrintTable(events, report);
     }
     if (!options.output.empty())
         WriteFile(options.output, Utf8From(loaded.tree.Save()) + "\n");

@@ -4,6 +4,8 @@
 #include "tools/lvprop/Keywords.h"
 #include "tools/lvprop/RoutineJson.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr size_t kValueColumns = 60;
@@ -28,6 +30,13 @@ std::string FlagLetters(const RoutineProperty& property)
     char hex[16];
     std::snprintf(hex, sizeof hex, " %X", static_cast<unsigned>(property.editFlags));
     return letters + hex;
+}
+
+/// Levels beyond the last that shows are indented no further: a table is as wide as its widest cell in every row.
+std::string Indent(size_t depth)
+{
+    constexpr size_t kLastLevel = 24;
+    return std::string(2 * std::min(depth, kLastLevel), ' ');
 }
 
 std::string ShownValue(const TreeProperty& read)
@@ -57,7 +66,7 @@ void PrintTable(const std::vector<TreeProperty>& properties, const Console& cons
                               : property.visible                  ? Colour::None
                                                                   : Colour::Dim;
         table.Add({std::to_string(property.id),
-                   {std::string(2 * read.depth, ' ') + OneLine(property.name, kValueColumns), colour},
+                   {Indent(read.depth) + OneLine(property.name, kValueColumns), colour},
                    WordOf(kDataTypeWords, property.type),
                    OneLine(ShownValue(read), kValueColumns),
                    FlagLetters(property),
