@@ -9,9 +9,8 @@
 // the first collection with the same unique number, when it pumps its messages.
 #pragma once
 
-#include <lumevor/Error.h>
+#include <lumevor/Sink.h>
 
-#include <atomic>
 #include <functional>
 #include <optional>
 
@@ -98,74 +97,35 @@ public:
     using Handler = std::function<void(const EventRange&)>;
 
     Subscription(IqorPropertyCollection* collection, Handler handler)
+        : m_connection(collection, __uuidof(_IqorPropertyCollectionEvents),
+                       Ref<Sink>::Adopt(new Sink(std::move(handler))).Get())
     {
-        const Ref<IqorPropertyCollection> shared(collection);
-        const auto container = shared.As<IConnectionPointContainer>();
-        if (!container)
-            throw Error(E_NOINTERFACE, TakeDescription());
-        Check(container->FindConnectionPoint(__uuidof(_IqorPropertyCollectionEvents), m_point.Put()));
-        const auto sink = Ref<Sink>::Adopt(new Sink(std::move(handler)));
-        Check(m_point->Advise(sink.Get(), &m_cookie));
     }
-    /// The connection keeps the collection alive until here.
-    ~Subscription() { m_point->Unadvise(m_cookie); }
-    Subscription(const Subscription&) = delete;
-    Subscription& operator=(const Subscription&) = delete;
 
 private:
-    class Sink final : public IDispatch {
+    class Sink final : public EventSink<_IqorPropertyCollectionEvents> {
     public:
         explicit Sink(Handler handler) : m_handler(std::move(handler)) {}
 
-        STDMETHODIMP QueryInterface(REFIID iid, void** out) override
-        {
-            if (!out)
-                return E_POINTER;
-            const bool isOurs = iid == __uuidof(IUnknown) || iid == __uuidof(IDispatch) ||
-                                iid == __uuidof(_IqorPropertyCollectionEvents);
-            *out = isOurs ? static_cast<IDispatch*>(this) : nullptr;
-            if (isOurs)
-                AddRef();
-            return isOurs ? S_OK : E_NOINTERFACE;
-        }
-        STDMETHODIMP_(ULONG) AddRef() override { return ++m_count; }
-        STDMETHODIMP_(ULONG) Release() override
-        {
-            const ULONG left = --m_count;
-            if (left == 0)
-                delete this;
-            return left;
-        }
-        STDMETHODIMP GetTypeInfoCount(UINT* count) override { return count ? (*count = 0, S_OK) : E_POINTER; }
-        STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-        STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-        STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT*, EXCEPINFO*, UINT*) override
+    private:
+        HRESULT OnEvent(DISPID id, const DISPPARAMS& arguments) override
         {
             constexpr DISPID kPropertyEventStream = 1;
             if (id != kPropertyEventStream)
                 return DISP_E_MEMBERNOTFOUND;
-            if (!arguments || arguments->cArgs != 1 || V_VT(&arguments->rgvarg[0]) != VT_UNKNOWN)
+            if (arguments.cArgs != 1 || V_VT(&arguments.rgvarg[0]) != VT_UNKNOWN)
                 return DISP_E_TYPEMISMATCH;
-            try {
-                const auto stream = Ref<IUnknown>(V_UNKNOWN(&arguments->rgvarg[0])).As<IqorStream>();
-                if (!stream)
-                    return DISP_E_TYPEMISMATCH;
-                m_handler(EventRange(stream));
-                return S_OK;
-            } catch (...) {
-                return E_FAIL;
-            }
+            const auto stream = Ref<IUnknown>(V_UNKNOWN(&arguments.rgvarg[0])).As<IqorStream>();
+            if (!stream)
+                return DISP_E_TYPEMISMATCH;
+            m_handler(EventRange(stream));
+            return S_OK;
         }
 
-    private:
-        ~Sink() = default;
-
-        std::atomic<ULONG> m_count{1};
         Handler m_handler;
     };
 
-    Ref<IConnectionPoint> m_point;
-    DWORD m_cookie = 0;
+    Connection m_connection; ///< keeps the collection alive
 };
 
 } // namespace lumevor
