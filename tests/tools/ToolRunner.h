@@ -11,3 +11,6 @@ struct ToolResult {
 };
 
 ToolResult RunLvprop(const std::vector<std::string>& arguments);
+
+/// Windows only: the same for any program that stands beside the test program.
+ToolResult RunBesideTest(const std::string& program, const std::vector<std::string>& arguments);

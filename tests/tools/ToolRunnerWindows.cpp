@@ -4,12 +4,11 @@
 
 namespace {
 
-/// The tool stands beside the test program.
-std::wstring ToolPath()
+std::wstring PathBesideTest(const std::string& program)
 {
     std::wstring path(32768, L'\0');
     path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
-    return path.substr(0, path.find_last_of(L"\\/") + 1) + L"lvprop.exe";
+    return path.substr(0, path.find_last_of(L"\\/") + 1) + TextFromUtf8(program);
 }
 
 /// The rule by which a program's start-up takes a command line apart again.
@@ -37,8 +36,14 @@ HANDLE Inheritable(const std::string& name, DWORD access, DWORD disposition)
 
 ToolResult RunLvprop(const std::vector<std::string>& arguments)
 {
+    return RunBesideTest("lvprop.exe", arguments);
+}
+
+ToolResult RunBesideTest(const std::string& program, const std::vector<std::string>& arguments)
+{
     const ToolFiles files;
-    std::wstring line = Quoted(ToolPath());
+    const std::wstring path = PathBesideTest(program);
+    std::wstring line = Quoted(path);
     for (const std::string& argument : arguments)
         line += L" " + Quoted(TextFromUtf8(argument));
 
@@ -50,7 +55,7 @@ ToolResult RunLvprop(const std::vector<std::string>& arguments)
     start.hStdError = Inheritable(files.Path("err"), GENERIC_WRITE, CREATE_ALWAYS);
     PROCESS_INFORMATION process{};
     const BOOL started =
-        CreateProcessW(ToolPath().c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &process);
+        CreateProcessW(path.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &process);
     DWORD status = static_cast<DWORD>(-1);
     if (started) {
         WaitForSingleObject(process.hProcess, INFINITE);
