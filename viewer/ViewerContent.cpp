@@ -2,6 +2,7 @@
 #include "viewer/prpCollectionViewerCtrl.h"
 
 #include "core/VariantBool.h"
+#include "list/FirstFailure.h"
 #include "list/PropertyAccess.h"
 #include "list/RowFactory.h"
 #include "viewer/ViewerSource.h"
@@ -14,7 +15,7 @@
 /// @param CollectionInterfaces  ListLength pointers; the viewer takes references. May be null for a length of 0.
 /// @param ListLength            0 clears
 /// Raises, in this order: negative length, null pointers, what a collection answers. When a collection cannot be
-/// taken over, nothing is shown; when only a row cannot be read, the others are and the first failure is raised.
+/// taken over, nothing is shown; when only a row cannot be read, the others are, and the first failure is raised.
 STDMETHODIMP CprpCollectionViewerCtrl::ShowProperties(IqorPropertyCollection** CollectionInterfaces, LONG ListLength)
 {
     return InFrame(kOrigin, OLESTR("CprpCollectionViewerCtrl::ShowProperties"), [&](const Checks& require) {
@@ -87,19 +88,36 @@ void CprpCollectionViewerCtrl::DropRows()
     m_treeProperties.VisitAll([](CprpMultiplePropInfo& node) { node.m_pItem = nullptr; });
 }
 
+/// A root that cannot be made leaves the others to be made; the first failure is raised at the end.
 void CprpCollectionViewerCtrl::CreateRows()
 {
     if (!m_listBox.Exists() || m_treeProperties.Roots().empty())
         return;
     const RowDisplay::BusyScope busy(m_listBox);
-    const CqorODListBox::FillScope fill(m_listBox); // its end paints
-    for (const auto& node : m_treeProperties.Roots()) {
-        if (auto item = CreateItem(*node, nullptr)) {
-            SetPrecisionOf(*item);
-            m_listBox.ShowItem(m_listBox.AddRoot(std::move(item)));
-        }
+    FirstFailure failure;
+    {
+        const CqorODListBox::FillScope fill(m_listBox); // its end paints
+        for (const auto& node : m_treeProperties.Roots())
+            failure.Try([&] { CreateRoot(*node); });
+        failure.Try([&] { m_listBox.RefreshAll(); });
     }
-    m_listBox.RefreshAll();
+    UpdateListVisibility();
+    failure.Raise();
+}
+
+void CprpCollectionViewerCtrl::CreateRoot(CprpMultiplePropInfo& node)
+{
+    std::unique_ptr<CprpPropItem> item;
+    try {
+        item = CreateItem(node, nullptr);
+    } catch (...) {
+        PropertyTree::VisitSubtree(node, [](CprpMultiplePropInfo& each) { each.m_pItem = nullptr; });
+        throw;
+    }
+    if (!item)
+        return;
+    SetPrecisionOf(*item);
+    m_listBox.ShowItem(m_listBox.AddRoot(std::move(item)));
 }
 
 /// The row of a node and those of its children; null for a type that has none, whose children have none either.

@@ -165,6 +165,7 @@ private:
     void DropContent();
     void DropRows();
     void CreateRows();
+    void CreateRoot(CprpMultiplePropInfo& node);
     std::unique_ptr<CprpPropItem> CreateItem(CprpMultiplePropInfo& node, CqorLBItem* parent);
     bool IsVisibleEverywhere(const CprpMultiplePropInfo& node) const;
     void SetPrecisionOf(CqorLBItem& item) const;

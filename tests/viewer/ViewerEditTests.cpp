@@ -144,6 +144,33 @@ TEST_F(ViewerEdits, TellNoTextBoxForADropList)
     EXPECT_EQ(host.EditWindow(), nullptr);
 }
 
+TEST_F(ViewerEdits, ADropListByKeysAlone)
+{
+    host.Add(1, E_PROP_DT_ENUM);
+    host.Add(2, E_PROP_DT_DOUBLE);
+    host.Change(1, [](IqorProperty* property) {
+        LONG index = 0;
+        for (const OLECHAR* text : {OLESTR("Slow"), OLESTR("Fast")}) {
+            SprpEnumItem item{index + 5, 0, VARIANT_TRUE};
+            EXPECT_EQ(property->AddEnumItem(index, &item), S_OK);
+            EXPECT_EQ(property->AddEnumItemString(index++, Bstr(text)), S_OK);
+        }
+        SetLong(property, 5);
+    });
+    host.Show();
+    EXPECT_EQ(host.DataOf(1), OLESTR("Slow"));
+    SetFocus(host.ListWindow());
+    PressKey(VK_RETURN);
+    ASSERT_EQ(GetDlgCtrlID(GetFocus()), 505) << "the drop list";
+    PressKey(VK_DOWN);
+    SetFocus(host.ListWindow());
+    Pump();
+    EXPECT_EQ(host.DataOf(1), OLESTR("Fast"));
+    Heard heard = host.Sounds();
+    EXPECT_THAT(heard, Contains("MultiEditStart"));
+    EXPECT_THAT(heard, testing::Not(Contains("InPlaceEditStart"))) << "text boxes alone tell of themselves";
+}
+
 TEST_F(ViewerEdits, NothingThatIsReadOnlyOrNotEditable)
 {
     host.Add(1, E_PROP_DT_DOUBLE);

@@ -353,3 +353,22 @@ TEST(ViewerWithoutAWindow, BringsItsRowsBackWithTheNextWindow)
     EXPECT_THAT(host.Rows(), ElementsAre(2));
     EXPECT_EQ(host.DataOf(2), OLESTR("5"));
 }
+
+TEST(ViewerWithoutAWindow, ShowsOneMessageForAWindowThatIsMadeInsideOfATransactionOfTheHost)
+{
+    const RecordedAlerts alerts;
+    ViewerHost host(false);
+    host.Add(1, E_PROP_DT_CATEGORY);
+    host.Add(2, E_PROP_DT_DOUBLE, 1);
+    host.Add(3, E_PROP_DT_DOUBLE);
+    host.Show();
+    ASSERT_EQ(host.collections[0]->StartTransaction(-1), S_OK);
+    host.Activate();
+    EXPECT_EQ(alerts.Boxes().size(), 1U);
+    EXPECT_THAT(host.Rows(), IsEmpty());
+    EXPECT_EQ(host.control->SetSelectedProperty(2), S_OK);
+    EXPECT_EQ(host.collections[0]->EndTransaction(VARIANT_TRUE), S_OK) << "still the host's";
+    host.Show();
+    EXPECT_THAT(host.Rows(), ElementsAre(1, 2, 3));
+    EXPECT_EQ(alerts.Boxes().size(), 1U);
+}

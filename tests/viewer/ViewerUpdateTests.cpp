@@ -236,3 +236,69 @@ TEST_F(ViewerFollows, CollectionsThatItNoLongerShowsNot)
     Transact(old, [&] { SetDouble(PropertyOf(old, 2), 5); });
     EXPECT_THAT(host.Rows(), IsEmpty());
 }
+
+class ViewerGoesOn : public ViewerFollows {
+protected:
+    /// The tree, with a name of 2 that waits in a resource which it does not find.
+    void AddTree()
+    {
+        constexpr LONG kBrokenNote = 60000; // in the resources of the tests of controls
+        host.Add(1, E_PROP_DT_CATEGORY);
+        Transact(host.collections[0], [&] {
+            EXPECT_EQ(
+                AddTo(host.collections[0], {.id = 2, .type = E_PROP_DT_DOUBLE, .parent = 1, .nameResID = kBrokenNote}),
+                S_OK);
+        });
+        host.Add(3, E_PROP_DT_DOUBLE, 1);
+        host.Add(4, E_PROP_DT_DOUBLE);
+    }
+    /// The name is found, and reading it fails the next time.
+    void Break()
+    {
+        Transact(
+            host.collections[0],
+            [&] {
+                EXPECT_EQ(PropertyOf(host.collections[0], 2)
+                              ->SetHResModule(reinterpret_cast<LONG_PTR>(GetModuleHandleW(nullptr))),
+                          S_OK);
+            },
+            false);
+    }
+};
+
+TEST_F(ViewerGoesOn, ToTheOtherRowsWhenOneCannotBeRead)
+{
+    AddTree();
+    host.Show();
+    ChangeInSilence(3, 7);
+    ChangeInSilence(4, 8);
+    Break();
+    ExpectInternal(host.control->Refresh());
+    EXPECT_EQ(host.DataOf(3), OLESTR("7")) << "in the same category";
+    EXPECT_EQ(host.DataOf(4), OLESTR("8"));
+    EXPECT_TRUE(IsDrawing());
+}
+
+TEST_F(ViewerGoesOn, DrawingAfterAStreamToARowThatCannotBeRead)
+{
+    AddTree();
+    host.Show();
+    Break();
+    ExpectInternal(Send({{Record(E_PROP_EVENT_PROP_EDITED, 2)}}));
+    EXPECT_TRUE(IsDrawing());
+}
+
+TEST_F(ViewerGoesOn, AfterOneMessageForARowThatCannotBeRead)
+{
+    const RecordedAlerts alerts;
+    AddTree();
+    host.Show();
+    Break();
+    SetFocus(host.ListWindow());
+    SendMessageW(host.ListWindow(), WM_KEYDOWN, VK_F5, 1);
+    EXPECT_EQ(alerts.Boxes().size(), 1U);
+    Pump();
+    EXPECT_EQ(alerts.Boxes().size(), 1U);
+    PressKey(VK_DOWN);
+    EXPECT_EQ(host.Selected(), 2);
+}
