@@ -42,12 +42,3 @@ inline std::string RandomText(unsigned seed, std::size_t records)
     }
     return text;
 }
-
-/// Number of records in a text: what stands between markers, nothing excepted.
-inline std::size_t CountRecords(const std::string& text)
-{
-    std::size_t count = 0;
-    for (std::size_t i = 0; i < text.size(); ++i)
-        count += text[i] != '~' && (i == 0 || text[i - 1] == '~');
-    return count;
-}
