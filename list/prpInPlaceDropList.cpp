@@ -6,10 +6,13 @@
 #include "platform/win/Reflection.h"
 #include "toolkit/FailureReport.h"
 
+#include <utility>
+
 bool CprpInPlaceDropList::CreateIn(CqorODListBox& list, const Rect& place)
 {
     m_pListBox = &list;
     m_pItem = nullptr;
+    m_bClosing = false;
     const DWORD style = WS_CHILD | WS_VISIBLE | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_NOINTEGRALHEIGHT;
     return Create({WC_COMBOBOXW, OLESTR(""), style, place, list.Handle(), kDropListId});
 }
@@ -47,7 +50,36 @@ void CprpInPlaceDropList::OnException() noexcept
     ReportWindowFailure(m_pListBox ? m_pListBox->Handle() : nullptr);
 }
 
+void CprpInPlaceDropList::Close()
+{
+    if (!IsOpen())
+        return;
+    if (HasFocus() && m_pListBox->Exists())
+        SetFocus(m_pListBox->Handle());
+    if (m_nMessages == 0) {
+        Destroy();
+    } else if (Exists()) {
+        m_bClosing = true;
+        ShowWindow(Handle(), SW_HIDE);
+    }
+}
+
 LRESULT CprpInPlaceDropList::OnMessage(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    struct Counted {
+        explicit Counted(CprpInPlaceDropList& window) : list(window) { ++list.m_nMessages; }
+        ~Counted()
+        {
+            if (--list.m_nMessages == 0 && std::exchange(list.m_bClosing, false))
+                list.Destroy();
+        }
+        CprpInPlaceDropList& list;
+    };
+    const Counted counted(*this);
+    return OnOwnMessage(message, wParam, lParam);
+}
+
+LRESULT CprpInPlaceDropList::OnOwnMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
     case WM_COMMAND + kReflected: return OnNotification(HIWORD(wParam));

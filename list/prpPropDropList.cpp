@@ -26,7 +26,7 @@ void CprpPropDropList::Draw(const SqorLBDrawContext& context)
     if (editing && m_bEditable)
         PlaceDropList(data, button);
     else
-        CloseEditor(m_comboList);
+        m_comboList.Close();
     if (!IsRetired())
         PlaceButton(data, button);
 }
@@ -45,6 +45,8 @@ int CprpPropDropList::MeasureItem(const SqorLBDrawSettings& settings, HDC hDC)
 void CprpPropDropList::PlaceDropList(const Rect& data, bool button)
 {
     const Rect place = DropListPlace(data, button);
+    if (m_comboList.Exists() && !m_comboList.IsOpen())
+        return; // on its way out; the next painting makes another
     if (!m_comboList.Exists()) {
         if (!m_comboList.CreateIn(*m_pListBox, place))
             return;
@@ -99,22 +101,20 @@ void CprpPropDropList::Edit(const Rect&, const Rect&, const Rect&)
 void CprpPropDropList::EndEdit(bool)
 {
     const RowDisplay::BusyScope busy(*m_pListBox);
-    CloseEditor(m_comboList);
+    m_comboList.Close();
     CloseEditor(m_btnExtended);
 }
 
 void CprpPropDropList::AbandonEditors() noexcept
 {
     m_comboList.SetItem(nullptr);
-    CloseEditor(m_comboList);
+    m_comboList.Close();
     CprpPropItem::AbandonEditors();
 }
 
-/// Value and its display text; the text of a value without an entry is empty.
-Text CprpPropDropList::ReadText(IqorProperty& property, LONG& value) const
+/// Display text of a value; empty for a value without an entry.
+Text CprpPropDropList::TextOf(IqorProperty& property, LONG value)
 {
-    EprpPropError error = E_PROP_ERROR_NONE;
-    Must(property.GetPropertyLong(&error, &value));
     SprpEnumItem item{};
     item.eEnumValue = value;
     VARIANT_BOOL success = VARIANT_FALSE;
@@ -124,23 +124,21 @@ Text CprpPropDropList::ReadText(IqorProperty& property, LONG& value) const
 void CprpPropDropList::Refresh()
 {
     CprpPropItem::Refresh();
+    if (m_comboList.Exists())
+        m_comboList.SelectText(m_strData); // no entry for collections that differ
+}
+
+void CprpPropDropList::ReadValue(IqorProperty& property, bool isFirst)
+{
+    EprpPropError error = E_PROP_ERROR_NONE;
     LONG value = 0;
-    if (!ReadFromFirst([&](IqorProperty& property) { m_strData = ReadText(property, value); }))
-        return;
-    if (m_comboList.Exists())
-        m_comboList.SelectText(m_strData);
-    bool allAgree = true;
-    ReadFromOthers([&](IqorProperty& property) {
-        LONG other = 0;
-        EprpPropError error = E_PROP_ERROR_NONE;
-        Must(property.GetPropertyLong(&error, &other));
-        allAgree = allAgree && other == value;
-    });
-    if (allAgree)
-        return;
-    m_strData.clear();
-    if (m_comboList.Exists())
-        m_comboList.SetCurSel(-1);
+    Must(property.GetPropertyLong(&error, &value));
+    if (isFirst) {
+        m_nFirstValue = value;
+        m_strData = TextOf(property, value);
+    } else if (value != m_nFirstValue) {
+        m_strData.clear();
+    }
 }
 
 /// Of a row in error only the closed field is coloured so; its opened list is not.

@@ -20,12 +20,16 @@ public:
     void DrawData(const SqorLBDrawContext& context) override;
     void AbandonEditors() noexcept override;
 
+protected:
+    void ReadValue(IqorProperty& property, bool isFirst) override;
+
 private:
-    Text ReadText(IqorProperty& property, LONG& value) const;
+    static Text TextOf(IqorProperty& property, LONG value);
     void PlaceDropList(const Rect& data, bool button);
     void Fill();
 
     CprpInPlaceDropList m_comboList;
-    Rect m_rcDropList; ///< where the combo box was placed last
+    LONG m_nFirstValue = 0; ///< in the first collection
+    Rect m_rcDropList;      ///< where the combo box was placed last
     int m_nDropListFont = 0;
 };

@@ -65,12 +65,11 @@ protected:
     IqorPropertyCollection& FirstCollection() const { return *PropInfo().m_listCollections.front(); }
     /// Unit mode of the first collection.
     bool IsImperial() const;
-    /// Runs a body on the property of the first collection, in a transaction. False when it is not there.
-    bool ReadFromFirst(const std::function<void(IqorProperty&)>& read) const;
-    /// Likewise on the property of each further collection.
-    void ReadFromOthers(const std::function<void(IqorProperty&)>& read) const;
-    /// Empties `text` unless every further collection gives the same one.
-    void KeepIfAllAgree(Text& text, const std::function<Text(IqorProperty&)>& read) const;
+    /// Part of Refresh: reads what the class shows of the value. Called within the transaction of each collection,
+    /// the first one first, behind the states.
+    virtual void ReadValue(IqorProperty&, bool /*isFirst*/) {}
+    /// Takes the text of the first collection and empties it when another one has a different text.
+    static void KeepIfAllAgree(Text& text, Text read, bool isFirst);
 
     RowState StateFor(const SqorLBDrawContext& context) const;
     /// True when this row shows its editors in this painting.
@@ -92,8 +91,9 @@ protected:
     void WriteToAll(const std::function<void(IqorProperty&)>& write);
 
 private:
-    bool ReadIdentity();
-    bool ReadState(IqorPropertyCollection& collection, double tolerance);
+    void ReadIdentity(IqorPropertyCollection& first, IqorProperty& property);
+    void KeepSmallerLimit(IqorPropertyCollection& collection, double tolerance);
+    bool ReadState(IqorPropertyCollection& collection, IqorProperty& property);
     void ReadMessages(IqorPropertyCollection& collection, IqorProperty& property, bool valid, bool visible);
     void AddErrorText(const Text& error);
     void AddHelpText(const Text& help);

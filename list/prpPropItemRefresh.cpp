@@ -9,6 +9,7 @@
 #include "list/qorODListBox.h"
 
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -62,19 +63,24 @@ void CprpPropItem::Refresh()
         ThrowInternal(CallSite{kSource, kNoInfoLine});
     if (m_pPropInfo->m_listCollections.empty())
         ThrowInternal(CallSite{kSource, kNoCollectionLine});
-    if (!ReadIdentity())
-        return; // removed already, its event is still to come; what the row shows stands until then
 
-    m_bInvalid = false;
-    m_bReadOnly = false;
-    m_bShowExtendedButton = true;
-    m_bEditable = true;
-    m_strError.clear();
-    m_bShowHelpTooltip = m_pListBox->m_bShowHelpTooltips;
     bool allVisible = true;
     const double tolerance = IsImperial() ? kImperialThreshold : kMetricThreshold;
-    for (const auto& collection : m_pPropInfo->m_listCollections)
-        allVisible = ReadState(*collection, tolerance) && allVisible;
+    bool isFirst = true;
+    for (const auto& collection : m_pPropInfo->m_listCollections) {
+        const bool found =
+            WithProperty(*collection, m_pPropInfo->m_nPropertyID, AtEnd::DropEvents, [&](IqorProperty& property) {
+                if (isFirst)
+                    ReadIdentity(*collection, property);
+                else
+                    KeepSmallerLimit(*collection, tolerance);
+                allVisible = ReadState(*collection, property) && allVisible;
+                ReadValue(property, isFirst);
+            });
+        if (isFirst && !found)
+            return; // removed already, its event is still to come; what the row shows stands until then
+        isFirst = false;
+    }
     if (!m_bVisibilityForced)
         m_bVisible = allVisible;
 
@@ -84,39 +90,41 @@ void CprpPropItem::Refresh()
     failure.Raise();
 }
 
-/// Name and input limit, from the first collection.
-bool CprpPropItem::ReadIdentity()
+/// Name and input limit, from the first collection; what the collections take away stands in full as yet.
+void CprpPropItem::ReadIdentity(IqorPropertyCollection& first, IqorProperty& property)
 {
-    IqorPropertyCollection& first = FirstCollection();
-    return WithProperty(first, m_pPropInfo->m_nPropertyID, AtEnd::DropEvents, [&](IqorProperty& property) {
-        Must(first.GetMaxInputValue(&m_dbMaxInputValue));
-        m_strName = TextFrom([&](BSTR* name) { return property.GetPropertyName(E_PRP_PROP_NAME_STYLE_FULL, name); });
-    });
+    Must(first.GetMaxInputValue(&m_dbMaxInputValue));
+    m_strName = TextFrom([&](BSTR* name) { return property.GetPropertyName(E_PRP_PROP_NAME_STYLE_FULL, name); });
+    m_bInvalid = false;
+    m_bReadOnly = false;
+    m_bShowExtendedButton = true;
+    m_bEditable = true;
+    m_strError.clear();
+    m_bShowHelpTooltip = m_pListBox->m_bShowHelpTooltips;
+}
+
+void CprpPropItem::KeepSmallerLimit(IqorPropertyCollection& collection, double tolerance)
+{
+    double limit = 0;
+    Must(collection.GetMaxInputValue(&limit));
+    if (limit < m_dbMaxInputValue && !NearlyEqual(std::fabs(m_dbMaxInputValue - limit), tolerance))
+        m_dbMaxInputValue = limit;
 }
 
 /// @return true when the property is visible in this collection
-bool CprpPropItem::ReadState(IqorPropertyCollection& collection, double tolerance)
+bool CprpPropItem::ReadState(IqorPropertyCollection& collection, IqorProperty& property)
 {
-    bool isVisible = true;
-    WithProperty(collection, m_pPropInfo->m_nPropertyID, AtEnd::DropEvents, [&](IqorProperty& property) {
-        double limit = 0;
-        Must(collection.GetMaxInputValue(&limit));
-        if (limit < m_dbMaxInputValue && !NearlyEqual(std::fabs(m_dbMaxInputValue - limit), tolerance))
-            m_dbMaxInputValue = limit;
-
-        VARIANT_BOOL valid = VARIANT_FALSE;
-        VARIANT_BOOL visible = VARIANT_FALSE;
-        VARIANT_BOOL readOnly = VARIANT_FALSE;
-        Must(property.GetDisplayDetails(&valid, &visible, &readOnly));
-        VARIANT_BOOL warning = VARIANT_FALSE;
-        Must(property.IsInWarning(&warning));
-        m_bWarning = warning != VARIANT_FALSE; // the last collection decides
-        ReadMessages(collection, property, valid != VARIANT_FALSE, visible != VARIANT_FALSE);
-        isVisible = visible != VARIANT_FALSE;
-        m_bReadOnly = m_bReadOnly || readOnly != VARIANT_FALSE;
-        ReadEditFlags(property);
-    });
-    return isVisible;
+    VARIANT_BOOL valid = VARIANT_FALSE;
+    VARIANT_BOOL visible = VARIANT_FALSE;
+    VARIANT_BOOL readOnly = VARIANT_FALSE;
+    Must(property.GetDisplayDetails(&valid, &visible, &readOnly));
+    VARIANT_BOOL warning = VARIANT_FALSE;
+    Must(property.IsInWarning(&warning));
+    m_bWarning = warning != VARIANT_FALSE; // the last collection decides
+    ReadMessages(collection, property, valid != VARIANT_FALSE, visible != VARIANT_FALSE);
+    m_bReadOnly = m_bReadOnly || readOnly != VARIANT_FALSE;
+    ReadEditFlags(property);
+    return visible != VARIANT_FALSE;
 }
 
 void CprpPropItem::ReadMessages(IqorPropertyCollection& collection, IqorProperty& property, bool valid, bool visible)
@@ -162,23 +170,10 @@ void CprpPropItem::ReadEditFlags(IqorProperty& property)
         m_bEditable = false;
 }
 
-bool CprpPropItem::ReadFromFirst(const std::function<void(IqorProperty&)>& read) const
+void CprpPropItem::KeepIfAllAgree(Text& text, Text read, bool isFirst)
 {
-    return WithProperty(FirstCollection(), PropInfo().m_nPropertyID, AtEnd::DropEvents, read);
-}
-
-void CprpPropItem::ReadFromOthers(const std::function<void(IqorProperty&)>& read) const
-{
-    const auto& collections = PropInfo().m_listCollections;
-    for (std::size_t i = 1; i < collections.size(); ++i)
-        WithProperty(*collections[i], PropInfo().m_nPropertyID, AtEnd::DropEvents, read);
-}
-
-void CprpPropItem::KeepIfAllAgree(Text& text, const std::function<Text(IqorProperty&)>& read) const
-{
-    const Text first = text;
-    ReadFromOthers([&](IqorProperty& property) {
-        if (read(property) != first)
-            text.clear();
-    });
+    if (isFirst)
+        text = std::move(read);
+    else if (read != text)
+        text.clear(); // for good: no text that follows brings it back
 }

@@ -13,9 +13,9 @@ void CprpPropPlainText::Refresh()
 {
     CprpPropItem::Refresh();
     m_bReadOnly = true;
-    const auto read = [](IqorProperty& property) {
-        return TextFrom([&](BSTR* text) { return property.GetPropertyString(text); });
-    };
-    ReadFromFirst([&](IqorProperty& property) { m_strData = read(property); });
-    KeepIfAllAgree(m_strData, read);
+}
+
+void CprpPropPlainText::ReadValue(IqorProperty& property, bool isFirst)
+{
+    KeepIfAllAgree(m_strData, TextFrom([&](BSTR* text) { return property.GetPropertyString(text); }), isFirst);
 }

@@ -9,4 +9,7 @@ public:
 
     void Draw(const SqorLBDrawContext& context) override;
     void Refresh() override;
+
+protected:
+    void ReadValue(IqorProperty& property, bool isFirst) override;
 };

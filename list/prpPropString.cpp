@@ -8,12 +8,9 @@ CprpPropString::CprpPropString(GridHost* pViewer, CqorODListBox* pListBox, CqorL
 }
 
 /// Collections that refuse different characters leave none refused.
-void CprpPropString::Refresh()
+void CprpPropString::ReadValue(IqorProperty& property, bool isFirst)
 {
-    CprpPropTextItem::Refresh();
-    const auto read = [](IqorProperty& property) {
-        return TextFrom([&](BSTR* text) { return property.GetInvalidCharacters(text); });
-    };
-    ReadFromFirst([&](IqorProperty& property) { m_strInvalidChars = read(property); });
-    KeepIfAllAgree(m_strInvalidChars, read);
+    CprpPropTextItem::ReadValue(property, isFirst);
+    KeepIfAllAgree(m_strInvalidChars, TextFrom([&](BSTR* text) { return property.GetInvalidCharacters(text); }),
+                   isFirst);
 }

@@ -7,9 +7,8 @@ class CprpPropString final : public CprpPropTextItem {
 public:
     CprpPropString(GridHost* pViewer, CqorODListBox* pListBox, CqorLBItem* pParent, bool bUnicode);
 
-    void Refresh() override;
-
 protected:
+    void ReadValue(IqorProperty& property, bool isFirst) override;
     EditType TypeOfTextBox() const override { return m_bUnicode ? EditType::UnicodeString : EditType::AnsiString; }
     bool IsUnchanged(const Text& typed) const override { return typed == m_strData; }
 

@@ -28,12 +28,14 @@ Text CprpPropTextItem::ReadData(IqorProperty& property) const
     return TextFrom([&](BSTR* text) { return property.GetPropertyString(text); });
 }
 
+void CprpPropTextItem::ReadValue(IqorProperty& property, bool isFirst)
+{
+    KeepIfAllAgree(m_strData, ReadData(property), isFirst);
+}
+
 void CprpPropTextItem::Refresh()
 {
     CprpPropItem::Refresh();
-    const auto read = [this](IqorProperty& property) { return ReadData(property); };
-    ReadFromFirst([&](IqorProperty& property) { m_strData = read(property); });
-    KeepIfAllAgree(m_strData, read);
     if (m_edit.Exists() && !m_edit.HasFocus() && !IsUnchanged(m_edit.WindowText()))
         m_edit.PutText(m_strData);
 }

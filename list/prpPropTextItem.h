@@ -18,6 +18,7 @@ public:
 protected:
     virtual EditType TypeOfTextBox() const = 0;
     virtual DWORD StyleOfTextBox() const { return 0; }
+    void ReadValue(IqorProperty& property, bool isFirst) override;
     /// Text of the data cell in one collection.
     virtual Text ReadData(IqorProperty& property) const;
     /// True when a text counts as that of the data cell.

@@ -196,6 +196,7 @@ private:
     HIMAGELIST m_pImageList = nullptr;
     Text m_strWarningPrefix;
     HWND m_hToolTip = nullptr;
+    Text m_strTip; ///< text that the tip holds
     HCURSOR m_hCursorArrow;
     HCURSOR m_hCursorSizeWE;
     HCURSOR m_hCursorNo;

@@ -9,6 +9,7 @@
 
 #include "frame/Raise.h"
 
+#include <algorithm>
 #include <utility>
 
 Point CqorODListBox::Corrected(Point client) const
@@ -202,6 +203,8 @@ void CqorODListBox::HideToolTip()
 
 namespace {
 
+constexpr std::size_t kPlatformTipText = 80; // the least room that the platform asks for
+
 Text TipOf(const CqorLBItem& item, ListType type, const Text& warningPrefix)
 {
     return TipTextOf({item.m_strError, item.m_strWarning, item.m_strHelp, item.m_strFallbackTip}, type, warningPrefix);
@@ -218,13 +221,13 @@ void CqorODListBox::ShowTipFor(Point client)
     HideToolTip();
     m_nTipItem = nearest.row;
     SendMessageW(m_hToolTip, TTM_ACTIVATE, TRUE, 0);
-    OLECHAR present[1024] = {}; // the record comes back with its text
+    Text present(std::max(m_strTip.size(), kPlatformTipText) + 1, 0); // the record comes back with its text, uncounted
     TOOLINFOW tool = Tool();
-    tool.lpszText = present;
+    tool.lpszText = present.data();
     SendMessageW(m_hToolTip, TTM_GETTOOLINFOW, 0, reinterpret_cast<LPARAM>(&tool));
-    Text text = TipOf(*item, m_eListType, m_strWarningPrefix);
+    m_strTip = TipOf(*item, m_eListType, m_strWarningPrefix);
     tool.rect = ToPlatform(RowRect(nearest.row));
-    tool.lpszText = text.data();
+    tool.lpszText = m_strTip.data();
     SendMessageW(m_hToolTip, TTM_SETTOOLINFOW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
@@ -236,8 +239,8 @@ void CqorODListBox::UpdateToolTip()
     const CqorLBItem* const item = ItemAt(m_nTipItem);
     if (!item)
         ThrowInternal(CallSite{".\\qorODListBox", kLine});
-    Text text = TipOf(*item, m_eListType, m_strWarningPrefix);
+    m_strTip = TipOf(*item, m_eListType, m_strWarningPrefix);
     TOOLINFOW tool = Tool();
-    tool.lpszText = text.data();
+    tool.lpszText = m_strTip.data();
     SendMessageW(m_hToolTip, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
 }

@@ -49,8 +49,9 @@ std::vector<int> CqorODListBox::SelectedRows() const
 
 void CqorODListBox::SelectTreeRange(int from, int to)
 {
+    const auto [first, last] = std::minmax(from, to); // the other way round the message takes the range out
     SetSel(-1, false);
-    Default(LB_SELITEMRANGEEX, static_cast<WPARAM>(from), to);
+    Default(LB_SELITEMRANGEEX, static_cast<WPARAM>(first), last);
 }
 
 void CqorODListBox::StopPendingEdit()

@@ -49,14 +49,12 @@ void CprpColorGroup::DrawItem(const DRAWITEMSTRUCT& item) const
     RECT measured{};
     DrawTextW(dc, title.data(), static_cast<int>(title.size()), &measured, kTitleFormat | DT_CALCRECT);
     const GroupBoxLayout layout = LayOutGroupBox(FromPlatform(item.rcItem), FromPlatform(measured));
-    GdiCanvas canvas(dc);
-    canvas.Fill(FromPlatform(item.rcItem), m_clrBackground);
+    GdiCanvas(dc).Fill(FromPlatform(item.rcItem), m_clrBackground);
     RECT frame = ToPlatform(layout.frame);
     DrawEdge(dc, &frame, EDGE_ETCHED, BF_RECT);
     if (!title.empty()) { // an empty title leaves no gap in the frame
-        canvas.Fill(layout.title, m_clrBackground);
+        GdiCanvas(dc).Fill(layout.title, m_clrBackground);
         RECT text = ToPlatform(layout.title);
-        SetBkColor(dc, m_clrBackground);
         DrawTextW(dc, title.data(), static_cast<int>(title.size()), &text, kTitleFormat);
     }
     RestoreDC(dc, saved);

@@ -1,28 +1,13 @@
 // The list's window: how it is made and how it ends, what it forwards, focus, scrolling, zoom, background.
-#include "tests/list/windows/TestGrid.h"
+#include "tests/list/windows/GridTest.h"
 
 #include "list/WindowIds.h"
 #include "toolkit/EditMessages.h"
 
-#include <gmock/gmock.h>
-
-using testing::Contains;
-using testing::ElementsAre;
-using testing::IsEmpty;
-
 namespace {
 
-class ListWindow : public testing::Test {
+class ListWindow : public GridTest {
 protected:
-    TestGrid grid;
-
-    /// A list of numbers 1 to n.
-    void ShowNumbers(int n)
-    {
-        for (LONG id = 1; id <= n; ++id)
-            grid.Add(id, E_PROP_DT_DOUBLE);
-        grid.Show();
-    }
     HWND Tip() { return FindWindowW(TOOLTIPS_CLASSW, nullptr); }
 };
 

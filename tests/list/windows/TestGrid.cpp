@@ -93,7 +93,10 @@ LRESULT TestGrid::OnMessage(UINT message, WPARAM wParam, LPARAM lParam)
         return 0;
     case kEditStartMessage: Heard("InPlaceEditStart"); return 0;
     case kEditEndMessage: Heard("InPlaceEditEnd"); return 0;
-    case WM_RBUTTONDOWN: Heard("RightDown"); return 0;
+    case WM_RBUTTONDOWN:
+        rightDownAt = PointOf(lParam);
+        Heard("RightDown");
+        return 0;
     default: break;
     }
     if (const auto answer = ReflectToChild(window, message, wParam, lParam))
@@ -254,6 +257,8 @@ void TestGrid::OnEdited(LONG id, bool visibilityChanged)
         list.RemoveItem(item);
     else if (!item.m_pParent || !item.m_pParent->m_bCollapsed)
         list.ShowItem(item);
+    else if (list.FindRow(*item.m_pParent) < 0 && item.m_pParent->IsVisible())
+        list.ShowItem(*item.m_pParent);
 }
 
 void TestGrid::OnDeleted(LONG id)

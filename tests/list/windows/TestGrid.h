@@ -58,6 +58,8 @@ public:
     CprpPropItem& Item(LONG id) { return *m_nodes.at(id)->m_pItem; }
     bool HasItem(LONG id) const { return m_nodes.count(id) && m_nodes.at(id)->m_pItem; }
     int RowOf(LONG id) { return list.FindRow(Item(id)); }
+    /// -1 for no item.
+    LONG IdOf(const CqorLBItem* item) const;
     /// Selects as a click on the name does.
     void Click(LONG id, WPARAM keys = 0) { ClickAt(list.Handle(), NamePoint(id), keys); }
     Point NamePoint(LONG id);
@@ -75,6 +77,7 @@ public:
     /// Called inside each event of the name, once per event.
     std::map<std::string, std::function<void()>> reactions;
     int references = 0;
+    Point rightDownAt;         ///< of the last WM_RBUTTONDOWN
     LRESULT messageAnswer = 0; ///< to WM_CUT, WM_COPY, WM_PASTE and the registered messages
 
 private:
@@ -86,7 +89,6 @@ private:
     void OnDeleted(LONG id);
     void ForgetRowsOf(CprpMultiplePropInfo& node);
     CprpPropItem* MakeRow(CprpMultiplePropInfo& node, CqorLBItem* parent);
-    LONG IdOf(const CqorLBItem* item) const;
 
     std::vector<std::unique_ptr<ConnectedSink>> m_sinks;
     std::map<LONG, CprpMultiplePropInfo*> m_nodes;
