@@ -1,8 +1,8 @@
-// Runs the cases on the real DLLs, which lie beside the program, and writes the result in the form of Google
-// Benchmark, which this tool chain does not have.
+// Runs the cases on the real DLLs, which lie beside the program.
 //   bench_dll.exe OUT.json [SIZE...]
 #include "benchmarks/Cases.h"
 #include "benchmarks/Host.h"
+#include "benchmarks/windows/Samples.h"
 #include "idl/SuiteClasses.h"
 
 #include <cstdio>
@@ -10,10 +10,6 @@
 #include <string>
 
 namespace {
-
-constexpr double kEnough = 0.3; // seconds of timed parts for one case
-constexpr int kMostSamples = 40;
-constexpr int kFewestSamples = 5;
 
 /// Makes the class of a DLL known to this process, without registration.
 void Serve(const wchar_t* file, REFCLSID clsid)
@@ -31,24 +27,6 @@ void Serve(const wchar_t* file, REFCLSID clsid)
                 "CoRegisterClassObject");
 }
 
-void Run(std::FILE* out, const Case& c, int64_t size, bool& isFirst)
-{
-    const Prepared prepared = c.prepare(size);
-    prepared.run();
-    double total = 0;
-    for (int i = 0; i < kMostSamples && (i < kFewestSamples || total < kEnough); ++i) {
-        const double seconds = prepared.run();
-        total += seconds;
-        std::fprintf(out,
-                     "%s\n {\"name\":\"%s\",\"run_name\":\"%s\",\"run_type\":\"iteration\",\"iterations\":1,"
-                     "\"real_time\":%.1f,\"cpu_time\":%.1f,\"time_unit\":\"ns\",\"items\":%.0f}",
-                     isFirst ? "" : ",", NameOf(c, size).c_str(), NameOf(c, size).c_str(), seconds * 1e9, seconds * 1e9,
-                     prepared.items);
-        isFirst = false;
-    }
-    std::fprintf(stderr, "%s\n", NameOf(c, size).c_str());
-}
-
 } // namespace
 
 double HeapBytes()
@@ -58,8 +36,7 @@ double HeapBytes()
 
 int main(int argc, char** argv)
 {
-    std::FILE* out = argc > 1 ? std::fopen(argv[1], "w") : nullptr;
-    if (!out) {
+    if (argc < 2) {
         std::fprintf(stderr, "usage: bench_dll OUT.json [SIZE...]\n");
         return 2;
     }
@@ -74,16 +51,7 @@ int main(int argc, char** argv)
     Serve(L"LV_prpPropCollection.dll", CLSID_prpPropertyCollection);
     std::vector<Case> cases;
     AddOurCases(cases);
-    std::fprintf(out, "{\"context\":{},\"benchmarks\":[");
-    bool isFirst = true;
-    for (std::size_t i = 0; i < sizes.size(); ++i) {
-        for (const Case& c : cases) {
-            if (!c.oneSize || i == 0)
-                Run(out, c, c.oneSize ? 1 : sizes[i], isFirst);
-        }
-    }
-    std::fprintf(out, "\n]}\n");
-    std::fclose(out);
+    SampleFile(argv[1]).RunAll(cases, sizes);
     // The trees are gone with the process; classes and modules need not be taken down one by one.
     std::fflush(stderr);
     std::_Exit(0);
