@@ -11,8 +11,8 @@ using testing::StartsWith;
 
 namespace {
 
-constexpr const char* kCommands[] = {"show",   "save", "load",  "set",   "convert",
-                                     "decode", "diff", "check", "audit", "import"};
+constexpr const char* kCommands[] = {"show", "save",  "load",  "set",    "convert", "decode",
+                                     "diff", "check", "audit", "doctor", "import"};
 
 class Usage : public ToolTest {
 protected:

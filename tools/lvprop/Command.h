@@ -22,6 +22,7 @@ void AddDecodeCommand(CLI::App& tool, Action& chosen);
 void AddDiffCommand(CLI::App& tool, Action& chosen);
 void AddCheckCommand(CLI::App& tool, Action& chosen);
 void AddAuditCommand(CLI::App& tool, Action& chosen);
+void AddDoctorCommand(CLI::App& tool, Action& chosen);
 void AddImportCommand(CLI::App& tool, Action& chosen);
 
 /// A command with options of its own kind. The returned parser takes the options; `run` gets them with the console.

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
+#include <optional>
 
 namespace {
 
@@ -29,6 +30,7 @@ void AddCommands(CLI::App& tool, Action& chosen)
     AddDiffCommand(tool, chosen);
     AddCheckCommand(tool, chosen);
     AddAuditCommand(tool, chosen);
+    AddDoctorCommand(tool, chosen);
     AddImportCommand(tool, chosen);
 }
 
@@ -66,7 +68,9 @@ ExitStatus RunTool(std::vector<std::string> arguments)
 
     console.colours = OutputIsTerminal() && !std::getenv("NO_COLOR");
     console.progress = ErrorIsTerminal();
-    const ComSession session;
+    std::optional<ComSession> session;
+    if (!tool.got_subcommand("doctor")) // which is there for the case that no class can be made
+        session.emplace();
     return chosen(console);
 }
 
