@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 
+#include <sstream>
+
 namespace {
 
 using ::testing::HasSubstr;
@@ -58,6 +60,37 @@ TEST(Client, MakesEveryClassByProgIdInACopiedFolder)
     }
 }
 
+TEST(Client, FindsNoClassInThatFolderWithoutTheManifest)
+{
+    ComponentFolder folder;
+    folder.Install({"PropertyCollection", "Stream", "Settings"});
+    const ClientRun run = folder.Run("classes");
+    for (const char* name : {"prpProperty", "prpPropertyCollection", "prpHelpInfo", "prpVisibilityInfo", "strStream"})
+        EXPECT_EQ(run.Value(std::string("Tolvarin.") + name), "800401F3") << name << ": nothing is registered";
+}
+
+TEST(Client, KeepsLocaleAndLanguageThroughARegistration)
+{
+    ComponentFolder folder;
+    folder.Install({"PropertyCollection", "Stream", "Settings"});
+    folder.Copy(LibraryOf("FR"));
+    folder.SetLanguage("7016");
+    const ClientRun run = folder.RunHosted("registration");
+    EXPECT_EQ(run.exitCode, 0u) << run.output;
+    EXPECT_TRUE(run.Has("DllRegisterServer: 00000000")) << run.output;
+    EXPECT_TRUE(run.Has("DllUnregisterServer: 00000000")) << run.output;
+    const std::string usage = " | " + BeginningOf(7011, "FR");
+    std::size_t locales = 0;
+    std::size_t usages = 0;
+    std::istringstream lines(run.output);
+    for (std::string line; std::getline(lines, line);) {
+        locales += line == "locale: 0407";
+        usages += line.starts_with("usage: ") && line.find(usage) != std::string::npos;
+    }
+    EXPECT_EQ(locales, 2u) << run.output;
+    EXPECT_EQ(usages, 2u) << run.output;
+}
+
 TEST(Client, IsToldThatTheValueViewersAreNotAvailable)
 {
     ComponentFolder folder;
@@ -109,6 +142,20 @@ TEST_P(ClientLanguage, HearsItsErrorsInTheLanguageOfTheSettings)
     EXPECT_EQ(run.Value("library"), LibraryOf(GetParam().code));
 }
 
+TEST_P(ClientLanguage, IsToldOnceThatItsLibraryIsMissing)
+{
+    ComponentFolder folder;
+    folder.Install({"PropertyCollection", "Stream", "Settings"});
+    folder.Copy(LibraryOf(GetParam().code == "EN" ? "DE" : "EN"));
+    folder.SetLanguage(GetParam().setting);
+    const ClientRun run = folder.RunHosted("language");
+    EXPECT_EQ(run.Value("boxes"), "1") << run.output;
+    EXPECT_EQ(run.Value("box"),
+              "Lumevor Error: Unable to find the language DLL: " + LibraryOf(GetParam().code) + ". Please re-install");
+    EXPECT_THAT(run.Value("internal"), StartsWith("Internal error in prpProperty"));
+    EXPECT_THAT(run.Value("usage"), HasSubstr("Failed to load string 7011 from the resource dll"));
+}
+
 INSTANTIATE_TEST_SUITE_P(All, ClientLanguage, testing::ValuesIn(kLanguagesOfHost),
                          [](const testing::TestParamInfo<LanguageOfHost>& language) { return language.param.code; });
 
@@ -123,20 +170,6 @@ TEST(Client, IsWarnedOnceOfAnUnknownLanguageAndHearsEnglish)
     EXPECT_EQ(run.Value("box"), "Lumevor Error: Failed to read selected language. Using default language instead.");
     EXPECT_THAT(run.Value("usage"), HasSubstr(" | " + BeginningOf(7011, "EN")));
     EXPECT_EQ(run.Value("library"), LibraryOf("EN"));
-}
-
-TEST(Client, IsToldOnceOfAMissingLanguageLibrary)
-{
-    ComponentFolder folder;
-    folder.Install({"PropertyCollection", "Stream", "Settings"});
-    folder.Copy(LibraryOf("EN"));
-    folder.SetLanguage("7015");
-    const ClientRun run = folder.RunHosted("language");
-    EXPECT_EQ(run.Value("boxes"), "1") << run.output;
-    EXPECT_EQ(run.Value("box"),
-              "Lumevor Error: Unable to find the language DLL: LV_resResources_DE.dll. Please re-install");
-    EXPECT_THAT(run.Value("internal"), StartsWith("Internal error in prpProperty"));
-    EXPECT_THAT(run.Value("usage"), HasSubstr("Failed to load string 7011 from the resource dll"));
 }
 
 TEST(Client, HearsLiteralTextsInSilenceWithoutASettingsComponent)

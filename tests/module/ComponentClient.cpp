@@ -144,6 +144,34 @@ void Language()
         Print("library", library.ToText());
 }
 
+/// Registers and unregisters into a key of its own, and shows what that leaves of the thread's locale and language.
+void Registration()
+{
+    const Collection collection = Collection::Create();
+    const std::wstring name = L"Software\\component_client" + std::to_wstring(GetCurrentProcessId());
+    HKEY scratch = nullptr;
+    RegCreateKeyExW(HKEY_CURRENT_USER, name.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &scratch, nullptr);
+    RegOverridePredefKey(HKEY_CLASSES_ROOT, scratch);
+    constexpr LCID kGerman = 0x0407;
+    SetThreadLocale(kGerman);
+    for (const char* entry : {"DllRegisterServer", "DllUnregisterServer"}) {
+        const auto function = GetProcAddress(GetModuleHandleW(kServer), entry);
+        const HRESULT hr = reinterpret_cast<HRESULT (*)()>(reinterpret_cast<void*>(function))();
+        CLSID found{};
+        std::printf("%s: %08X\n", entry, static_cast<unsigned>(hr));
+        std::printf("locale: %04X\n", static_cast<unsigned>(GetThreadLocale()));
+        std::printf("name: %08X\n", static_cast<unsigned>(CLSIDFromProgID(L"Tolvarin.prpProperty", &found)));
+        try {
+            (void)collection.At(10);
+        } catch (const lumevor::Error& error) {
+            Print("usage", error.Description());
+        }
+    }
+    RegOverridePredefKey(HKEY_CLASSES_ROOT, nullptr);
+    RegCloseKey(scratch);
+    RegDeleteTreeW(HKEY_CURRENT_USER, name.c_str());
+}
+
 bool IsLoaded()
 {
     return GetModuleHandleW(kServer) != nullptr;
@@ -305,6 +333,7 @@ constexpr Command kCommands[] = {
     {"slice", &Slice},
     {"language", &Language},
     {"unload", &Unload},
+    {"registration", &Registration},
     {"typelib", &TypeLibrary},
     {"keep", &Keep},
     {"unload-beside-thread", &UnloadBesideThread},
