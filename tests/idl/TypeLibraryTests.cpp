@@ -136,7 +136,7 @@ TEST_F(TypeLibrary, HasEveryRecordFieldAtItsPlace)
     }
 }
 
-TEST_F(TypeLibrary, DescribesEveryMethodAndType)
+TEST_F(TypeLibrary, DescribesEveryMethod)
 {
     for (const DeclaredInterface& declared : m_header.Interfaces()) {
         const CComPtr<ITypeInfo> info = Slots(Find(declared.name));
@@ -152,4 +152,20 @@ TEST_F(TypeLibrary, DescribesEveryMethodAndType)
         }
         info->ReleaseTypeAttr(attributes);
     }
+}
+
+TEST_F(TypeLibrary, DescribesEveryInterfaceEnumerationRecordAndClass)
+{
+    std::map<TYPEKIND, int> described;
+    for (UINT i = 0; i < m_library->GetTypeInfoCount(); ++i) {
+        CComBSTR name;
+        CComBSTR help;
+        ASSERT_EQ(m_library->GetDocumentation(static_cast<INT>(i), &name, &help, nullptr, nullptr), S_OK);
+        EXPECT_FALSE(help.View().empty()) << Narrow(name.View());
+        TYPEKIND kind{};
+        ASSERT_EQ(m_library->GetTypeInfoType(i, &kind), S_OK);
+        ++described[kind];
+    }
+    for (const TYPEKIND kind : {TKIND_ENUM, TKIND_RECORD, TKIND_INTERFACE, TKIND_DISPATCH, TKIND_COCLASS})
+        EXPECT_GT(described[kind], 0) << kind;
 }
