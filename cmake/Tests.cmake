@@ -1,12 +1,13 @@
 # GoogleTest from Debian's sources, built for each world, and
 #
 # lv_add_test(<target> SOURCES ... LIBS ... [WINDOWS_ONLY | NATIVE_ONLY] [MAIN <file>] [LABELS ...]
-#             [RESOURCE_LOCK <name>] [TIMEOUT <seconds>] [SHARDS <number> | ISOLATED])
+#             [RESOURCE_LOCK <name>] [TIMEOUT <seconds>] [SHARDS <number> | ISOLATED] [ONE_THREAD])
 #
 # A program runs as one process: starting one costs more than most tests, under Wine by far. When a test fails, ctest
 # shows the program's output, which ends in the names of those that failed; `<program> --gtest_filter=...` runs one.
 # SHARDS spreads a long program over that many processes, so that the processors share it. ISOLATED gives each test a
-# process of its own, for tests that leave something behind that others would meet.
+# process of its own, for tests that leave something behind that others would meet. ONE_THREAD says that nothing in the
+# program starts a second one: the thread sanitizer's build leaves it out.
 enable_testing()
 include(GoogleTest)
 add_subdirectory(/usr/src/googletest ${PROJECT_BINARY_DIR}/gtest EXCLUDE_FROM_ALL)
@@ -19,7 +20,7 @@ foreach(library gtest gtest_main gmock gmock_main)
 endforeach()
 
 function(lv_add_test target)
-  cmake_parse_arguments(arg "WINDOWS_ONLY;NATIVE_ONLY;ISOLATED" "MAIN;RESOURCE_LOCK;TIMEOUT;SHARDS"
+  cmake_parse_arguments(arg "WINDOWS_ONLY;NATIVE_ONLY;ISOLATED;ONE_THREAD" "MAIN;RESOURCE_LOCK;TIMEOUT;SHARDS"
     "SOURCES;LIBS;LABELS" ${ARGN})
   if((arg_WINDOWS_ONLY AND NOT WIN32) OR (arg_NATIVE_ONLY AND WIN32))
     return()
@@ -33,6 +34,11 @@ function(lv_add_test target)
   if(WIN32)
     # The test programs start at main; nothing of them is compiled by the tests' own warnings for macros of gtest.
     target_link_options(${target} PRIVATE -mconsole)
+  endif()
+
+  if(arg_ONE_THREAD AND LV_SANITIZE STREQUAL "thread")
+    set_target_properties(${target} PROPERTIES EXCLUDE_FROM_ALL ON)
+    return()
   endif()
 
   if(NOT arg_TIMEOUT)

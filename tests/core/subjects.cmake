@@ -1,6 +1,6 @@
 # What a property has beside its value and flags: text and tables without a property, and the same through COM.
 if(TARGET prpcore)
-  lv_add_test(subject_tests
+  lv_add_test(subject_tests ONE_THREAD
     SOURCES HelpTableTests.cpp PropertyNameTextTests.cpp ToleranceTests.cpp
     LIBS prpcore)
 endif()

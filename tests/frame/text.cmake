@@ -4,6 +4,6 @@ if(WIN32)
 else()
   set(reference native/ReferenceNumbers.cpp)
 endif()
-lv_add_test(frame_text_tests
+lv_add_test(frame_text_tests ONE_THREAD
   SOURCES FormatTextTest.cpp NumberScanTest.cpp NumberTextTest.cpp RandomNumbersTest.cpp TextToolsTest.cpp ${reference}
   LIBS lv_frame)
