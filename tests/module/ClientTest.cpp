@@ -69,6 +69,28 @@ TEST(Client, FindsNoClassInThatFolderWithoutTheManifest)
         EXPECT_EQ(run.Value(std::string("Tolvarin.") + name), "800401F3") << name << ": nothing is registered";
 }
 
+/// The manifest that the guide shows to host developers.
+std::string ManifestOfTheGuide()
+{
+    std::ifstream in(LV_GUIDE, std::ios::binary);
+    const std::string guide{std::istreambuf_iterator<char>(in), {}};
+    const std::string opening = "```xml\n<assembly";
+    const std::size_t begin = guide.find(opening);
+    EXPECT_NE(begin, std::string::npos);
+    const std::size_t text = begin + opening.find('<');
+    return guide.substr(text, guide.find("```", text) - text);
+}
+
+TEST(Client, MakesTheClassesByTheManifestOfTheGuideBesideItsProgram)
+{
+    ComponentFolder folder;
+    folder.Install({"PropertyCollection", "Stream", "Settings"});
+    std::ofstream(folder.Path() / "component_client.exe.manifest", std::ios::binary) << ManifestOfTheGuide();
+    const ClientRun run = folder.Run("slice");
+    EXPECT_EQ(run.exitCode, 0u) << run.output;
+    EXPECT_TRUE(run.Has("saved: ~al1|s~14l1|212.5")) << run.output;
+}
+
 TEST(Client, KeepsLocaleAndLanguageThroughARegistration)
 {
     ComponentFolder folder;
