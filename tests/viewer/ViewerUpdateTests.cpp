@@ -279,6 +279,18 @@ TEST_F(ViewerGoesOn, ToTheOtherRowsWhenOneCannotBeRead)
     EXPECT_TRUE(IsDrawing());
 }
 
+TEST_F(ViewerGoesOn, FromTheStartWhenOneRowCannotBeRead)
+{
+    AddTree();
+    Break();
+    IqorPropertyCollection* pointers[] = {host.collections[0]};
+    ExpectInternal(host.control->ShowProperties(pointers, 1));
+    EXPECT_THAT(host.Rows(), ElementsAre(1, 2, 3, 4));
+    EXPECT_EQ(host.ItemOf(4)->m_strName, OLESTR("Item 4"));
+    EXPECT_TRUE(IsDrawing());
+    EXPECT_TRUE(host.Edit(4));
+}
+
 TEST_F(ViewerGoesOn, DrawingAfterAStreamToARowThatCannotBeRead)
 {
     AddTree();
