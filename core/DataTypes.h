@@ -59,8 +59,8 @@ inline const OLECHAR* DataTypeKeyword(LONG type) noexcept
     return RuleOf(type).keyword;
 }
 
-/// An empty text given to such a value changes nothing, and is announced all the same.
-constexpr bool EmptyTextKeepsValue(ValueKind kind)
+/// Whether a value is one number or three.
+constexpr bool IsNumeric(ValueKind kind)
 {
     return kind == ValueKind::Number || kind == ValueKind::Signed || kind == ValueKind::Unsigned ||
            kind == ValueKind::Position;

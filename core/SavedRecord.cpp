@@ -5,13 +5,20 @@
 #include "frame/NumberScan.h"
 #include "frame/NumberText.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr OLECHAR kBar = OLESTR('|');
 constexpr OLECHAR kFlagBase = OLESTR('g');
-constexpr TextView kFlagCharacters = OLESTR("ghijklmnopqrstuvwxyzGHIJKLMNOPQRSTUVWXYZ");
 constexpr unsigned kKnownFlags = kSavedVisible | kSavedReadOnly | kSavedEditFlags;
 constexpr UINT kStreamEmptyString = 32000;
+
+/// The letters behind the hexadecimal digits; the first of them ends the id.
+constexpr bool IsFlagLetter(OLECHAR unit)
+{
+    return FoldAscii(unit) >= kFlagBase && FoldAscii(unit) <= OLESTR('z');
+}
 
 /// A missing type character reads as the terminator, which is no type.
 LONG TypeOf(TextView rest)
@@ -52,7 +59,8 @@ EprpParseError ParseRecordVersion1(TextView record, SavedRecord& out)
     out = {};
     if (record.empty())
         return E_V1_PROP_PARSE_ERROR_INVALID_PROPERTY_STRING;
-    const TextView idText = record.substr(0, record.find_first_of(kFlagCharacters));
+    const auto letter = std::find_if(record.begin(), record.end(), IsFlagLetter);
+    const TextView idText(record.begin(), letter);
     if (idText.empty())
         return E_V1_PROP_PARSE_ERROR_INVALID_PROPERTY_STRING;
     if (!TextScanner(idText).ReadHex(out.id))
@@ -99,42 +107,48 @@ EprpParseError ParseRecordVersion0(TextView record, SavedRecord& out)
     return E_PROP_PARSE_ERROR_NONE;
 }
 
-void AppendRecordHead(Text& out, LONG id, unsigned flags, LONG editFlags, LONG type)
+void AppendRecordHead(TextBuffer& out, LONG id, unsigned flags, LONG editFlags, LONG type)
 {
-    out += g_strStartMarker;
-    AppendHex(out, static_cast<uint32_t>(id), HexCase::Lower);
-    out += static_cast<OLECHAR>(kFlagBase + flags);
+    OLECHAR* at = out.Room(g_strStartMarker.size() + 2 * kMaxFastNumber + 3);
+    at = std::copy(g_strStartMarker.begin(), g_strStartMarker.end(), at);
+    at = WriteHex(at, static_cast<uint32_t>(id), HexCase::Lower);
+    *at++ = static_cast<OLECHAR>(kFlagBase + flags);
     if (flags & kSavedEditFlags) {
-        AppendHex(out, static_cast<uint32_t>(editFlags), HexCase::Upper);
-        out += kBar;
+        at = WriteHex(at, static_cast<uint32_t>(editFlags), HexCase::Upper);
+        *at++ = kBar;
     }
-    out += TypeCharacter(type);
+    *at++ = TypeCharacter(type);
+    out.EndAt(at);
 }
 
-void AppendRecord(Text& out, const SavedRecord& record)
+void AppendRecord(TextBuffer& out, const SavedRecord& record)
 {
     AppendRecordHead(out, record.id, record.flags, record.editFlags, record.type);
-    const std::size_t begin = out.size();
-    out += record.value;
+    const std::size_t begin = out.Size();
+    out.Append(record.value);
     EscapeValue(out, begin, RuleOf(record.type).saved);
 }
 
-void EscapeValue(Text& out, std::size_t begin, SavedForm form)
+void EscapeValue(TextBuffer& out, std::size_t begin, SavedForm form)
 {
     if (form == SavedForm::Plain || form == SavedForm::EnumValue)
         return;
-    const bool lines = form == SavedForm::MultiLine || form == SavedForm::Points;
-    const TextView special = form == SavedForm::Points ? TextView(OLESTR("\r")) : TextView(OLESTR("~|\r"));
-    if (out.find_first_of(special, begin) == out.npos)
+    const bool points = form == SavedForm::Points;
+    const auto isSpecial = [points](OLECHAR unit) {
+        return unit == OLESTR('\r') || (!points && (unit == OLESTR('~') || unit == kBar));
+    };
+    const TextView plain = out.View().substr(begin);
+    if (std::none_of(plain.begin(), plain.end(), isSpecial))
         return;
-    Text value = out.substr(begin);
-    if (lines)
+    Text value(plain);
+    if (points || form == SavedForm::MultiLine)
         ReplaceAll(value, OLESTR("\r\n"), OLESTR("#"));
-    if (form != SavedForm::Points) {
+    if (!points) {
         ReplaceAll(value, OLESTR("~"), OLESTR("\\$"));
         ReplaceAll(value, OLESTR("|"), OLESTR("\\&"));
     }
-    out.replace(begin, out.npos, value);
+    out.Cut(begin);
+    out.Append(value);
 }
 
 Text ValueLines(TextView value)

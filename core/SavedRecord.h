@@ -5,8 +5,10 @@
 
 #include "LV_prpPropCollection.h"
 #include "core/DataTypes.h"
+#include "frame/TextBuffer.h"
 #include "frame/TextTools.h"
 #include "platform/com/Ole.h"
+#include "platform/memory/FindUnit.h"
 
 /// Opens each record of a saved text.
 inline constexpr TextView g_strStartMarker = OLESTR("~");
@@ -29,6 +31,11 @@ inline TokenRange SavedRecords(TextView text)
     return SplitAt(text, g_strStartMarker);
 }
 
+/// Whether a record may hold an escape; most don't, and are read as they stand.
+inline bool HasEscapes(TextView record)
+{
+    return Contains(record, OLESTR('\\'));
+}
 /// Undoes the escapes of a whole record: "\$" becomes "~", then "\&" becomes "|".
 void UndoEscapes(Text& record);
 
@@ -40,13 +47,13 @@ EprpParseError ParseRecordVersion1(TextView record, SavedRecord& out);
 EprpParseError ParseRecordVersion0(TextView record, SavedRecord& out);
 
 /// Appends marker, id, flags, edit flags and type of a version 1 record; the value goes behind.
-void AppendRecordHead(Text& out, LONG id, unsigned flags, LONG editFlags, LONG type);
+void AppendRecordHead(TextBuffer& out, LONG id, unsigned flags, LONG editFlags, LONG type);
 
 /// Appends a whole record of version 1, its value escaped as the type's saved form tells.
-void AppendRecord(Text& out, const SavedRecord& record);
+void AppendRecord(TextBuffer& out, const SavedRecord& record);
 
 /// Escapes what stands in `out` from `begin` on, as the saved form tells.
-void EscapeValue(Text& out, std::size_t begin, SavedForm form);
+void EscapeValue(TextBuffer& out, std::size_t begin, SavedForm form);
 
 /// The value of a record as the property reads it: "#" of several lines and of points becomes a line end.
 Text ValueLines(TextView value);

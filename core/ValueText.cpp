@@ -1,17 +1,31 @@
 #include "core/ValueText.h"
 
+#include "frame/NumberScan.h"
 #include "frame/NumberText.h"
 
 #include <bit>
 #include <cmath>
 #include <cstring>
 #include <iterator>
-#include <memory>
-#include <utility>
 
 namespace {
 
+constexpr OLECHAR kBetween = OLESTR(';');
 constexpr std::size_t kPositionUnits = sizeof(SprpPosition) / sizeof(OLECHAR);
+
+/// Null where one of the numbers needs more room than kMaxFastNumber.
+OLECHAR* TryWritePosition(OLECHAR* out, const SprpPosition& position, int decimals) noexcept
+{
+    out = TryWriteNumber(out, position.X, decimals);
+    if (!out)
+        return nullptr;
+    *out++ = kBetween;
+    out = TryWriteNumber(out, position.Y, decimals);
+    if (!out)
+        return nullptr;
+    *out++ = kBetween;
+    return TryWriteNumber(out, position.Z, decimals);
+}
 
 /// Whether two numbers have the same text. Only numbers less than about a unit of the last decimal apart, but not
 /// equal, have to be rendered.
@@ -36,26 +50,6 @@ ValueText::ValueText(const ValueText& other) : m_form(other.m_form), m_decimals(
         m_whole = other.m_whole;
 }
 
-ValueText::ValueText(ValueText&& other) noexcept : m_form(other.m_form), m_decimals(other.m_decimals)
-{
-    if (OwnsBlock())
-        std::construct_at(&m_text, std::move(other.m_text));
-    else
-        m_whole = other.m_whole;
-}
-
-ValueText& ValueText::operator=(ValueText other) noexcept
-{
-    std::destroy_at(this);
-    return *std::construct_at(this, std::move(other));
-}
-
-ValueText::~ValueText()
-{
-    if (OwnsBlock())
-        std::destroy_at(&m_text);
-}
-
 ValueText ValueText::OfText(TextView text)
 {
     ValueText result;
@@ -63,15 +57,9 @@ ValueText ValueText::OfText(TextView text)
     return result;
 }
 
-ValueText ValueText::OfNumber(double value, LONG decimals)
+ValueText ValueText::OfRareNumber(double value, LONG decimals)
 {
-    if (decimals < 0 || decimals > kMostDecimals)
-        return OfText(FormatNumber(value, decimals));
-    ValueText result;
-    result.m_form = Form::Number;
-    result.m_number = value;
-    result.m_decimals = static_cast<int8_t>(decimals);
-    return result;
+    return OfText(FormatNumber(value, decimals));
 }
 
 ValueText ValueText::OfPosition(const SprpPosition& position, LONG decimals)
@@ -94,20 +82,34 @@ ValueText ValueText::OfPosition(const SprpPosition& position, LONG decimals)
     return result;
 }
 
-ValueText ValueText::OfSigned(LONG value)
+std::optional<ValueText> ValueText::Reread(TextView text) const
 {
-    ValueText result;
-    result.m_form = Form::Signed;
-    result.m_whole = value;
-    return result;
-}
-
-ValueText ValueText::OfUnsigned(ULONG value)
-{
-    ValueText result;
-    result.m_form = Form::Unsigned;
-    result.m_whole = static_cast<LONG>(value);
-    return result;
+    TextScanner scanner(text);
+    std::optional<ValueText> value;
+    switch (m_form) {
+    case Form::Literal: break;
+    case Form::Number:
+        if (double number = 0; scanner.ReadWrittenNumber(m_decimals, number))
+            value = OfNumber(number, m_decimals);
+        break;
+    case Form::Position:
+        if (SprpPosition p{}; scanner.ReadWrittenNumber(m_decimals, p.X) && scanner.ReadLiteral(kBetween) &&
+                              scanner.ReadWrittenNumber(m_decimals, p.Y) && scanner.ReadLiteral(kBetween) &&
+                              scanner.ReadWrittenNumber(m_decimals, p.Z))
+            value = OfPosition(p, m_decimals);
+        break;
+    case Form::Signed:
+        if (std::int32_t number = 0; scanner.ReadWrittenSigned(number))
+            value = OfSigned(number);
+        break;
+    case Form::Unsigned:
+        if (std::uint32_t number = 0; scanner.ReadWrittenUnsigned(number))
+            value = OfUnsigned(number);
+        break;
+    }
+    if (!scanner.AtEnd())
+        value.reset();
+    return value;
 }
 
 SprpPosition ValueText::Position() const noexcept
@@ -118,15 +120,40 @@ SprpPosition ValueText::Position() const noexcept
     return position;
 }
 
+OLECHAR* ValueText::TryWrite(OLECHAR* out) const noexcept
+{
+    static_assert(kMostWritten == 3 * kMaxFastNumber);
+    switch (m_form) {
+    case Form::Literal: return nullptr;
+    case Form::Number: return TryWriteNumber(out, m_number, m_decimals);
+    case Form::Position: return TryWritePosition(out, Position(), m_decimals);
+    case Form::Signed: return WriteSigned(out, Whole());
+    case Form::Unsigned: return WriteUnsigned(out, static_cast<uint32_t>(Whole()));
+    }
+    return nullptr;
+}
+
 void ValueText::AppendTo(Text& out) const
 {
-    switch (m_form) {
-    case Form::Literal: out.append(m_text.View()); break;
-    case Form::Number: AppendNumber(out, m_number, m_decimals); break;
-    case Form::Position: AppendPosition(out, Position(), m_decimals); break;
-    case Form::Signed: AppendSigned(out, Whole()); break;
-    case Form::Unsigned: AppendUnsigned(out, static_cast<uint32_t>(Whole())); break;
-    }
+    OLECHAR units[kMostWritten];
+    if (m_form == Form::Literal)
+        out.append(m_text.View());
+    else if (const OLECHAR* const end = TryWrite(units))
+        out.append(TextView(units, end));
+    else if (m_form == Form::Number)
+        AppendNumber(out, m_number, m_decimals);
+    else
+        AppendPosition(out, Position(), m_decimals);
+}
+
+void ValueText::AppendTo(TextBuffer& out) const
+{
+    if (m_form == Form::Literal)
+        out.Append(m_text.View());
+    else if (OLECHAR* const end = TryWrite(out.Room(kMostWritten)))
+        out.EndAt(end);
+    else
+        out.Append(ToText());
 }
 
 Text ValueText::ToText() const
@@ -162,8 +189,8 @@ bool ValueText::Equals(const ValueText& other) const
 void AppendPosition(Text& out, const SprpPosition& position, LONG decimals)
 {
     AppendNumber(out, position.X, decimals);
-    out += OLESTR(';');
+    out += kBetween;
     AppendNumber(out, position.Y, decimals);
-    out += OLESTR(';');
+    out += kBetween;
     AppendNumber(out, position.Z, decimals);
 }

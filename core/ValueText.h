@@ -5,25 +5,58 @@
 
 #include "LV_prpPropCollection.h"
 #include "core/PackedText.h"
+#include "frame/TextBuffer.h"
 #include "platform/com/Ole.h"
+
+#include <memory>
+#include <optional>
+#include <utility>
 
 class ValueText {
 public:
     ValueText() noexcept : m_text() {}
     ValueText(const ValueText& other);
-    ValueText(ValueText&& other) noexcept;
-    ValueText& operator=(ValueText other) noexcept;
-    ~ValueText();
+    ValueText(ValueText&& other) noexcept : m_form(other.m_form), m_decimals(other.m_decimals)
+    {
+        if (OwnsBlock())
+            std::construct_at(&m_text, std::move(other.m_text));
+        else
+            m_whole = other.m_whole;
+    }
+    ValueText& operator=(ValueText other) noexcept
+    {
+        std::destroy_at(this);
+        return *std::construct_at(this, std::move(other));
+    }
+    ~ValueText()
+    {
+        if (OwnsBlock())
+            std::destroy_at(&m_text);
+    }
 
     static ValueText OfText(TextView text);
     /// The trimmed fixed form of a real number; any number of decimals.
-    static ValueText OfNumber(double value, LONG decimals);
+    static ValueText OfNumber(double value, LONG decimals)
+    {
+        if (decimals < 0 || decimals > kMostDecimals) [[unlikely]]
+            return OfRareNumber(value, decimals);
+        ValueText result;
+        result.m_form = Form::Number;
+        result.m_number = value;
+        result.m_decimals = static_cast<int8_t>(decimals);
+        return result;
+    }
     /// Three numbers with semicolons between them.
     static ValueText OfPosition(const SprpPosition& position, LONG decimals);
-    static ValueText OfSigned(LONG value);
-    static ValueText OfUnsigned(ULONG value);
+    static ValueText OfSigned(LONG value) { return OfWhole(Form::Signed, value); }
+    static ValueText OfUnsigned(ULONG value) { return OfWhole(Form::Unsigned, static_cast<LONG>(value)); }
+
+    /// The value of this one's form and decimals that renders the given text, which is what a text that was rendered
+    /// in the same form gives. None for a literal, and for texts that nothing but a literal can keep.
+    std::optional<ValueText> Reread(TextView text) const;
 
     void AppendTo(Text& out) const;
+    void AppendTo(TextBuffer& out) const;
     Text ToText() const;
     bool Equals(TextView text) const;
     /// Whether both render the same text.
@@ -43,6 +76,20 @@ public:
     static constexpr LONG kMostDecimals = 20;
 
 private:
+    static ValueText OfRareNumber(double value, LONG decimals);
+    static ValueText OfWhole(Form form, LONG value) noexcept
+    {
+        ValueText result;
+        result.m_form = form;
+        result.m_whole = value;
+        return result;
+    }
+    /// Writes the text of a number or three into kMostWritten units. Null, with their content lost, for a literal and
+    /// for numbers that need more room.
+    OLECHAR* TryWrite(OLECHAR* out) const noexcept;
+
+    static constexpr std::size_t kMostWritten = 96;
+
     bool OwnsBlock() const noexcept { return m_form == Form::Literal || m_form == Form::Position; }
 
     union {

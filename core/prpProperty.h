@@ -172,7 +172,7 @@ public:
     /// @return whether the children are to be converted as well.
     bool ConvertPropertyUnit(EprpUnitMode mode);
     /// Appends the value text and remembers it as the last rendering.
-    void AppendValue(Text& out, LONG precision);
+    void AppendValue(TextBuffer& out, LONG precision);
     /// The value text at the collection's precision, remembered as the last rendering; rendered only when read.
     const ValueText& RenderValue();
     const ValueText& RenderValue(LONG precision);
@@ -217,6 +217,8 @@ private:
     ValueText RenderForEdit(CallSite at = CallSite::current());
 
     void SetErrorText(TextView text);
+    /// The end of StoreString for a text of numbers as it would be rendered: no detour over the text.
+    void StoreNumbers(ValueText fresh);
     /// Reads a text into the field of the data type. False when it holds no value of that type.
     bool ParseValue(TextView text);
     bool ParsePosition(TextView text);

@@ -12,6 +12,7 @@
 #include "core/prpCollectionEvents.h"
 #include "core/prpProperty.h"
 #include "frame/MethodFrame.h"
+#include "frame/TextBuffer.h"
 #include "platform/atl/ComObject.h"
 #include "platform/atl/ComPtr.h"
 
@@ -129,7 +130,7 @@ private:
     SprpEventInfo EventRecord(LONG id, EprpEventType type, bool visibilityChanged) const;
     void QueueLoadEvent();
 
-    void AppendRecord(Text& out, CprpProperty& property);
+    void AppendRecord(TextBuffer& out, CprpProperty& property);
     bool LoadRecords(TextView text, IqorStream* errors);
     /// @param id  out, for the message: the id that a record of version 0 names.
     EprpParseError LoadRecord(TextView record, LONG& id);
@@ -164,6 +165,7 @@ private:
     CProxy_IqorPropertyCollectionEvents m_Events{*this};
     CComPtr<IprpHelpInfo> m_pIHelpInfo;
 
+    std::size_t m_nSavedUnits = 0; ///< of the last save; the next one will be about as long
     GUID m_guidUnique{};
     LONG_PTR m_hDefaultResInstance = 0;
     double m_dbMaxInputValue;

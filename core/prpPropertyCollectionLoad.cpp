@@ -1,6 +1,7 @@
 // Loading: saved values go into the present tree by id. Faults are reported and passed over; what no longer fits is
 // gathered for the two keeping categories.
 #include "core/SavedRecord.h"
+#include "core/StreamText.h"
 #include "core/prpPropertyCollection.h"
 #include "frame/NumberScan.h"
 
@@ -37,10 +38,7 @@ STDMETHODIMP CprpPropertyCollection::LoadFromStream(IqorStream* LoadStream, Iqor
         require.Transaction(InTransaction());
         require.Pointer(LoadStream, OLESTR("pIStream"));
 
-        CComBSTR text;
-        LONG length = 0;
-        EStreamError error = E_STREAM_ERROR_NONE;
-        LoadStream->ReadString(&text, &length, &error); // an unreadable stream reads as an empty one
+        const StreamText text(*LoadStream, ErrorStream); // an unreadable stream reads as an empty one
         if (text.View().empty()) {
             Report(ErrorStream, ParseErrorText(E_PROP_PARSE_ERROR_STREAM_EMPTY, {}, E_PROP_ID_INVALID));
             if (Success)
@@ -60,12 +58,12 @@ STDMETHODIMP CprpPropertyCollection::LoadFromStream(IqorStream* LoadStream, Iqor
 bool CprpPropertyCollection::LoadRecords(TextView text, IqorStream* errors)
 {
     bool complete = true;
+    Text unescaped;
     Text unused;
     Text mismatched;
     for (const TextView untouched : SavedRecords(text)) {
-        Text unescaped;
         TextView record = untouched;
-        if (untouched.find(OLESTR('\\')) != untouched.npos) {
+        if (HasEscapes(untouched)) {
             unescaped.assign(untouched);
             UndoEscapes(unescaped);
             record = unescaped;
@@ -110,6 +108,7 @@ EprpParseError CprpPropertyCollection::LoadRecordVersion1(TextView record)
     CprpProperty* property = Find(saved.id);
     if (!property)
         return E_V1_PROP_PARSE_ERROR_PROPERTY_NOT_FOUND;
+    m_mapProperties.PrefetchAfter(*property); // a saved text comes in the order of the map
     if (const EprpParseError fault = ApplySavedValue(*property, saved))
         return fault;
     ApplySavedFlags(*property, saved);

@@ -1,7 +1,10 @@
-// Saving: one text of all records, in the order of the id map, handed to the stream in one call.
+// Saving: one text of all records, in the order of the id map, which the stream takes over.
 #include "core/SavedRecord.h"
+#include "core/StreamText.h"
 #include "core/prpPropertyCollection.h"
 #include "frame/NumberText.h"
+
+#include <utility>
 
 /// Writes the values of all saved properties as one text item.
 /// @param Success  out, true once the text stands on the stream.
@@ -15,20 +18,19 @@ STDMETHODIMP CprpPropertyCollection::SaveToStream(IqorStream* SaveStream, VARIAN
         require.Transaction(InTransaction());
 
         *Success = VARIANT_FALSE;
-        Text text;
+        TextBuffer text;
+        text.Reserve(m_nSavedUnits + m_nSavedUnits / 16); // values grow and shrink a little from save to save
         m_mapProperties.ForEach([&](CprpProperty& property) {
             if (property.AlwaysSave())
                 AppendRecord(text, property);
         });
-        const CComBSTR saved(text);
-        if (!saved)
-            throw ComError{E_OUTOFMEMORY, {}};
-        Must(SaveStream->WriteString(saved, VARIANT_TRUE));
+        m_nSavedUnits = text.Size();
+        WriteWhole(*SaveStream, std::move(text));
         *Success = VARIANT_TRUE;
     });
 }
 
-void CprpPropertyCollection::AppendRecord(Text& out, CprpProperty& property)
+void CprpPropertyCollection::AppendRecord(TextBuffer& out, CprpProperty& property)
 {
     const SavedForm form = RuleOf(property.DataType()).saved;
     if (form == SavedForm::Refused)
@@ -37,10 +39,19 @@ void CprpPropertyCollection::AppendRecord(Text& out, CprpProperty& property)
                            (property.ReadOnly() && m_bSaveReadOnlyStates ? kSavedReadOnly : 0U) |
                            (m_bSaveEditFlags ? kSavedEditFlags : 0U);
     AppendRecordHead(out, property.Id(), flags, property.EditFlags(), property.DataType());
-    const std::size_t begin = out.size();
+    const std::size_t begin = out.Size();
     switch (form) {
-    case SavedForm::EnumValue: AppendHex(out, static_cast<uint32_t>(property.LongValue()), HexCase::Lower); break;
-    case SavedForm::Points: property.AppendScanPath(out); break;
+    case SavedForm::EnumValue: {
+        const auto value = static_cast<uint32_t>(property.LongValue());
+        out.EndAt(WriteHex(out.Room(kMaxFastNumber), value, HexCase::Lower));
+        break;
+    }
+    case SavedForm::Points: {
+        Text points;
+        property.AppendScanPath(points);
+        out.Append(points);
+        break;
+    }
     default: property.AppendValue(out, m_nPrecision); break;
     }
     EscapeValue(out, begin, form);

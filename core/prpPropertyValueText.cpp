@@ -10,6 +10,8 @@
 #include "frame/NumberText.h"
 #include "frame/TextTools.h"
 
+#include <utility>
+
 namespace {
 
 constexpr UINT kPathPointsString = 32015;
@@ -58,7 +60,7 @@ ValueText CprpProperty::RenderForEdit(CallSite at)
     return RenderValue();
 }
 
-void CprpProperty::AppendValue(Text& out, LONG precision)
+void CprpProperty::AppendValue(TextBuffer& out, LONG precision)
 {
     RenderValue(precision).AppendTo(out);
 }
@@ -93,19 +95,42 @@ STDMETHODIMP CprpProperty::SetPropertyString(BSTR NewPropertyString)
 void CprpProperty::StoreString(TextView text)
 {
     const ValueKind kind = RuleOf(m_eDataType).kind;
-    ValueText old = RenderValue();
-    if (text.empty() && EmptyTextKeepsValue(kind)) {
-        QueueValueEdit(old);
+    RenderValue();
+    if (text.empty() && IsNumeric(kind)) {
+        QueueValueEdit(m_Value); // an empty text changes no number, and is announced all the same
         return;
     }
-    if (old.Equals(text))
+    if (IsNumeric(kind)) {
+        if (std::optional<ValueText> fresh = m_Value.Reread(text)) {
+            StoreNumbers(*std::move(fresh));
+            return;
+        }
+    }
+    if (m_Value.Equals(text))
         return;
     SetErrorText({}); // any change of the text makes the property valid, before the text has been read
-    if (ParseValue(text)) {
-        const bool toAscii = kind == ValueKind::AnsiText && NeedsTransliteration(text);
-        m_Value = toAscii ? ValueText::OfText(TransliterateToAscii(text)) : ValueText::OfText(text);
+    if (!ParseValue(text)) {
+        QueueValueEdit(m_Value);
+        return;
     }
-    QueueValueEdit(old);
+    const bool toAscii = kind == ValueKind::AnsiText && NeedsTransliteration(text);
+    ValueText value = toAscii ? ValueText::OfText(TransliterateToAscii(text)) : ValueText::OfText(text);
+    std::swap(m_Value, value);
+    QueueValueEdit(value);
+}
+
+void CprpProperty::StoreNumbers(ValueText fresh)
+{
+    if (m_Value.Equals(fresh))
+        return;
+    SetErrorText({});
+    switch (fresh.GetForm()) {
+    case ValueText::Form::Number: m_dbDouble = fresh.Number(); break;
+    case ValueText::Form::Position: MakeExtras().position = fresh.Position(); break;
+    default: m_nLong = fresh.Whole(); break;
+    }
+    std::swap(m_Value, fresh);
+    QueueValueEdit(fresh);
 }
 
 bool CprpProperty::ParseValue(TextView text)

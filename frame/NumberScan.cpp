@@ -51,28 +51,51 @@ inline bool TakeSign(const OLECHAR*& at, const OLECHAR* end)
     return minus;
 }
 
-/// Reads a plain number of at most 15 digits. Returns where it ends; null, with nothing read, for every other number.
-const OLECHAR* ReadPlain(const OLECHAR* at, const OLECHAR* end, double& value)
+constexpr std::ptrdiff_t kMostPlainDigits = 15; // Any so many are an exact double.
+
+/// A number without an exponent: where its parts are, and its value.
+struct PlainNumber {
+    const OLECHAR* whole;
+    std::ptrdiff_t wholeDigits;
+    std::ptrdiff_t decimals;
+    const OLECHAR* end;
+    double value;
+};
+
+/// Reads a plain number of at most 15 digits. False for every other number.
+inline bool ReadPlain(const OLECHAR* at, const OLECHAR* end, PlainNumber& number)
 {
-    constexpr std::ptrdiff_t mostDigits = 15; // Any so many are an exact double.
     const bool negative = TakeSign(at, end);
     std::uint64_t mantissa = 0;
-    const OLECHAR* const whole = at;
+    number.whole = at;
     TakeDigits(at, end, mantissa);
-    std::ptrdiff_t digits = at - whole;
-    std::ptrdiff_t decimals = 0;
+    number.wholeDigits = at - number.whole;
+    number.decimals = 0;
     if (at != end && *at == OLECHAR{'.'}) {
         const OLECHAR* const fraction = ++at;
         TakeDigits(at, end, mantissa);
-        decimals = at - fraction;
-        digits += decimals;
+        number.decimals = at - fraction;
     }
-    if (digits == 0 || digits > mostDigits || (at != end && FoldAscii(*at) == OLECHAR{'e'}))
-        return nullptr;
-    const double magnitude = static_cast<double>(static_cast<std::int64_t>(mantissa)) / kExactPowersOfTen[decimals];
+    const std::ptrdiff_t digits = number.wholeDigits + number.decimals;
+    if (digits == 0 || digits > kMostPlainDigits || (at != end && FoldAscii(*at) == OLECHAR{'e'}))
+        return false;
+    const double magnitude =
+        static_cast<double>(static_cast<std::int64_t>(mantissa)) / kExactPowersOfTen[number.decimals];
     // The sign bit is set without a branch: signs of measured values follow no pattern.
-    value = std::bit_cast<double>(std::bit_cast<std::uint64_t>(magnitude) | std::uint64_t{negative} << 63);
-    return at;
+    number.value = std::bit_cast<double>(std::bit_cast<std::uint64_t>(magnitude) | std::uint64_t{negative} << 63);
+    number.end = at;
+    return true;
+}
+
+/// Takes the digits of a whole number without zeros ahead. False for none, for more than a number of 32 bits has, and
+/// for a zero ahead of others.
+bool TakeWrittenDigits(const OLECHAR*& at, const OLECHAR* end, std::uint64_t& number)
+{
+    constexpr std::ptrdiff_t mostDigits = 10;
+    const OLECHAR* const first = at;
+    TakeDigits(at, end, number);
+    const std::ptrdiff_t digits = at - first;
+    return digits == 1 || (digits > 1 && digits <= mostDigits && *first != OLECHAR{'0'});
 }
 
 /// The parts of a decimal number's text.
@@ -215,9 +238,8 @@ Float ConvertDigits(const DecimalText& number)
 template <class Float>
 bool TextScanner::ReadFloating(Float& value)
 {
-    double wide;
-    if (const OLECHAR* end = ReadPlain(m_at, m_end, wide); end && TryNarrow(wide, value)) {
-        m_at = end;
+    if (PlainNumber plain; ReadPlain(m_at, m_end, plain) && TryNarrow(plain.value, value)) {
+        m_at = plain.end;
         return true;
     }
 
@@ -226,6 +248,7 @@ bool TextScanner::ReadFloating(Float& value)
     DecimalText number;
     if (!TakeDecimal(at, m_end, number))
         return false;
+    double wide;
     Float magnitude;
     if (!TryExact(number, wide) || !TryNarrow(wide, magnitude))
         magnitude = ConvertDigits<Float>(number);
@@ -275,6 +298,50 @@ bool TextScanner::ReadDecimalBits(std::uint32_t& bits)
     if (at == start)
         return false;
     bits = static_cast<std::uint32_t>(negative ? 0U - number : number);
+    m_at = at;
+    return true;
+}
+
+// Why the same text comes back: with w digits ahead of the point and w + decimals <= 15 the value is below 10^w, so the
+// double nearest to the text is off by less than half a unit of the last decimal. Rounding it to that many decimals
+// finds the digits of the text again, and cutting zeros leaves them, for the text ends in none.
+bool TextScanner::ReadWrittenNumber(int decimals, double& value)
+{
+    PlainNumber number;
+    if (decimals < 0 || m_at == m_end || !(IsDigit(*m_at) || *m_at == OLECHAR{'-'}) || !ReadPlain(m_at, m_end, number))
+        return false;
+    const bool wholeIsWritten = number.wholeDigits == 1 || (number.wholeDigits > 1 && *number.whole != OLECHAR{'0'});
+    const OLECHAR last = number.end[-1];
+    const bool fractionIsWritten =
+        number.decimals == 0 ? last != OLECHAR{'.'} : number.decimals <= decimals && last != OLECHAR{'0'};
+    if (!wholeIsWritten || !fractionIsWritten || number.wholeDigits + decimals > kMostPlainDigits)
+        return false;
+    value = number.value;
+    m_at = number.end;
+    return true;
+}
+
+bool TextScanner::ReadWrittenSigned(std::int32_t& value)
+{
+    constexpr std::uint64_t most = std::numeric_limits<std::int32_t>::max();
+    const OLECHAR* at = m_at;
+    const bool negative = at != m_end && *at == OLECHAR{'-'};
+    at += negative;
+    std::uint64_t number = 0;
+    if (!TakeWrittenDigits(at, m_end, number) || number > most + negative || (negative && number == 0))
+        return false;
+    value = static_cast<std::int32_t>(negative ? 0 - number : number);
+    m_at = at;
+    return true;
+}
+
+bool TextScanner::ReadWrittenUnsigned(std::uint32_t& value)
+{
+    const OLECHAR* at = m_at;
+    std::uint64_t number = 0;
+    if (!TakeWrittenDigits(at, m_end, number) || number > std::numeric_limits<std::uint32_t>::max())
+        return false;
+    value = static_cast<std::uint32_t>(number);
     m_at = at;
     return true;
 }

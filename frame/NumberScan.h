@@ -45,6 +45,13 @@ public:
     bool ReadDouble(double& value); ///< "%lg", "%lf"
     bool ReadFloat(float& value);   ///< "%f": rounded once, from the text to single precision.
 
+    // Numbers in the very form in which NumberText writes them and in no other: what is read here renders as the same
+    // text again, unit by unit. So a text that comes back unchanged, as nearly all saved ones do, can be kept as its
+    // number. No white space, no plus, no zeros that nobody needs, and at most 15 digits with all its decimals.
+    bool ReadWrittenNumber(int decimals, double& value); ///< as `FormatNumber(value, decimals)`
+    bool ReadWrittenSigned(std::int32_t& value);         ///< as "%d"
+    bool ReadWrittenUnsigned(std::uint32_t& value);      ///< as "%u"
+
     /// A literal of a format: must stand exactly here, without white space ahead of it.
     bool ReadLiteral(OLECHAR unit);
     bool ReadLiteral(TextView text);

@@ -1,5 +1,7 @@
 #include "frame/TextTools.h"
 
+#include "platform/memory/FindUnit.h"
+
 #include <algorithm>
 
 TextView TrimWhiteSpace(TextView text)
@@ -38,6 +40,14 @@ void EraseAny(Text& text, TextView unwanted)
     std::erase_if(text, [unwanted](OLECHAR unit) { return unwanted.find(unit) != TextView::npos; });
 }
 
+/// Units ahead of the first delimiter.
+static std::size_t LengthUpTo(TextView text, TextView delimiters)
+{
+    if (delimiters.size() == 1)
+        return static_cast<std::size_t>(FindUnit(text.data(), text.data() + text.size(), delimiters[0]) - text.data());
+    return (std::min)(text.find_first_of(delimiters), text.size());
+}
+
 TokenRange::Iterator& TokenRange::Iterator::operator++()
 {
     const std::size_t start = m_rest.find_first_not_of(m_delimiters);
@@ -45,8 +55,8 @@ TokenRange::Iterator& TokenRange::Iterator::operator++()
         m_rest = m_token = {};
         return *this;
     }
-    const std::size_t length = m_rest.substr(start).find_first_of(m_delimiters);
-    m_token = m_rest.substr(start, length);
-    m_rest.remove_prefix(start + m_token.size());
+    m_rest.remove_prefix(start);
+    m_token = m_rest.substr(0, LengthUpTo(m_rest, m_delimiters));
+    m_rest.remove_prefix(m_token.size());
     return *this;
 }

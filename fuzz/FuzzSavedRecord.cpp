@@ -14,9 +14,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (ParseRecordVersion1(record, first) != E_PROP_PARSE_ERROR_NONE || first.type < 0 ||
             RuleOf(first.type).saved == SavedForm::Refused)
             continue;
-        Text encoded;
+        TextBuffer encoded;
         AppendRecord(encoded, first);
-        Text again(TextView(encoded).substr(1)); // behind the marker
+        Text again(encoded.View().substr(1)); // behind the marker
         UndoEscapes(again);
         SavedRecord second;
         Require(ParseRecordVersion1(again, second) == E_PROP_PARSE_ERROR_NONE);

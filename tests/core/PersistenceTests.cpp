@@ -1,5 +1,6 @@
 // Saving a collection as one line of text, and loading it back into a tree built anew.
 #include "tests/core/PersistenceFixture.h"
+#include "tests/support/PlainStream.h"
 
 #include <random>
 
@@ -543,4 +544,92 @@ TEST_F(Persistence, LeavesAPropertyAloneThatARandomTextDoesNotReach)
             EXPECT_EQ(DoubleOf(PropertyOf(target, 0x12345678)), 2.5);
         });
     }
+}
+
+TEST_F(Persistence, TakesMessagesOnTheVeryStreamThatIsLoaded)
+{
+    InTransaction([&] {
+        const auto property = AddOpen({.id = 1, .type = E_PROP_DT_LONG});
+        SetVersion(1);
+        Text line;
+        std::vector<Text> messages;
+        for (int i = 0; i < 300; ++i) // enough to move the content of any stream that grows
+            line += OLESTR("~?h35");
+        line += OLESTR("~1h37");
+        const CComPtr<IqorStream> stream = MakeStream(line);
+        EXPECT_EQ(collection->LoadFromStream(stream, stream, nullptr), S_OK);
+        EXPECT_EQ(LongOf(property), 7);
+        EXPECT_EQ(ReadStrings(stream), std::vector<Text>(300, Message(OLESTR("Propertyid failed"), line)));
+    });
+}
+
+TEST_F(Persistence, SavesToAndLoadsFromAStreamOfAnotherMaker)
+{
+    InTransaction([&] {
+        const auto property = AddOpen({.id = 1, .type = E_PROP_DT_STRING_ANSI});
+        SetString(property, OLESTR("saved ~ text"));
+        const CComPtr<IqorStream> own = MakeStream();
+        const CComPtr<IqorStream> stream = PlainStream::Around(own);
+        VARIANT_BOOL success = VARIANT_FALSE;
+        EXPECT_EQ(collection->SaveToStream(stream, &success), S_OK);
+        EXPECT_EQ(success, VARIANT_TRUE);
+        EXPECT_THAT(ReadStrings(own), ElementsAre(SavedTextOf(collection)));
+
+        SetString(property, OLESTR("other"));
+        SetVersion(1);
+        EStreamError error = E_STREAM_ERROR_NONE;
+        EXPECT_EQ(stream->Seek(0, E_STREAM_ORIGIN_START, &error), S_OK);
+        EXPECT_EQ(collection->LoadFromStream(stream, nullptr, &success), S_OK);
+        EXPECT_EQ(success, VARIANT_TRUE);
+        EXPECT_EQ(StringOf(property), OLESTR("saved ~ text"));
+    });
+}
+
+TEST_F(Persistence, LeavesASavedTextOnItsStreamWhateverBecomesOfTheCollection)
+{
+    const CComPtr<IqorStream> stream = MakeStream();
+    auto shortLived = MakeObject<IqorPropertyCollection>(CLSID_prpPropertyCollection);
+    Transact(shortLived, [&] {
+        ASSERT_EQ(AddTo(shortLived, {.id = 1, .type = E_PROP_DT_LONG}), S_OK);
+        for (const LONG value : {5, 6}) {
+            SetLong(PropertyOf(shortLived, 1), value);
+            VARIANT_BOOL success = VARIANT_FALSE;
+            EXPECT_EQ(shortLived->SaveToStream(stream, &success), S_OK);
+        }
+    });
+    shortLived.Release();
+    EXPECT_THAT(ReadStrings(stream), ElementsAre(OLESTR("~1l0|35"), OLESTR("~1l0|36")));
+}
+
+TEST_F(Persistence, SavesIntoATextStreamAsALine)
+{
+    const CComPtr<IqorStream> stream = MakeStream();
+    EXPECT_EQ(stream->SetStreamMode(E_STREAM_MODE_TEXT), S_OK);
+    InTransaction([&] {
+        SetLong(AddOpen({.id = 1, .type = E_PROP_DT_LONG}), 5);
+        VARIANT_BOOL success = VARIANT_FALSE;
+        EXPECT_EQ(collection->SaveToStream(stream, &success), S_OK);
+        CComBSTR content;
+        EXPECT_EQ(stream->GetStreamContentsAsString(&content), S_OK);
+        EXPECT_EQ(content.View(), OLESTR("~1l0|35\r\n"));
+    });
+}
+
+TEST_F(Persistence, KeepsTheTextOfALoadedNumberAsItWasForAChangeOfType)
+{
+    InTransaction([&] {
+        SetVersion(1);
+        LONG id = 0;
+        for (const TextView text :
+             {OLESTR("1.5"), OLESTR("1.50"), OLESTR("01.5"), OLESTR("1.23456789"), OLESTR("-0")}) {
+            const auto property = AddOpen({.id = ++id, .type = E_PROP_DT_LINEAR});
+            SetDouble(property, 77);
+            const OLECHAR digit = static_cast<OLECHAR>('0' + id);
+            EXPECT_TRUE(Load(Text(OLESTR("~")).append(1, digit).append(OLESTR("h2")).append(text)).success);
+            EXPECT_EQ(collection->put_Precision(2), S_OK);
+            EXPECT_EQ(property->SetDataType(E_PROP_DT_STRING_ANSI), S_OK);
+            EXPECT_EQ(StringOf(property), text);
+            EXPECT_EQ(collection->put_Precision(4), S_OK);
+        }
+    });
 }

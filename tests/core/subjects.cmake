@@ -1,7 +1,7 @@
 # What a property has beside its value and flags: text and tables without a property, and the same through COM.
 if(TARGET prpcore)
   lv_add_test(subject_tests ONE_THREAD
-    SOURCES HelpTableTests.cpp PropertyNameTextTests.cpp ToleranceTests.cpp
+    SOURCES HelpTableTests.cpp PropertyNameTextTests.cpp SavedRecordTests.cpp ToleranceTests.cpp ValueFormTests.cpp
     LIBS prpcore)
 endif()
 

@@ -59,6 +59,14 @@ Read<float> Float(TextView text)
     return ReadWith<float>(text, &TextScanner::ReadFloat);
 }
 
+Read<double> Written(TextView text, int decimals)
+{
+    TextScanner scanner(text);
+    double value = kUntouched;
+    const bool done = scanner.ReadWrittenNumber(decimals, value);
+    return {done, value, Text(scanner.Rest())};
+}
+
 template <class T>
 Read<T> Nothing(TextView text)
 {
@@ -274,6 +282,53 @@ TEST(NumberScan, UnitsThatOnlyResembleDigitsEndTheNumber)
             EXPECT_EQ(Double(text).rest, rest) << ahead << ' ' << unsigned{unit};
         }
     }
+}
+
+TEST(NumberScan, AWrittenNumberIsReadInItsOwnForm)
+{
+    EXPECT_EQ(Written(OLESTR("0"), 4), (Read<double>{true, 0, {}}));
+    EXPECT_EQ(Written(OLESTR("10"), 0), (Read<double>{true, 10, {}}));
+    EXPECT_EQ(Written(OLESTR("-12.5"), 4), (Read<double>{true, -12.5, {}}));
+    EXPECT_EQ(Written(OLESTR("0.0625"), 4), (Read<double>{true, 0.0625, {}}));
+    EXPECT_EQ(Written(OLESTR("100.0001;7"), 4), (Read<double>{true, 100.0001, OLESTR(";7")}));
+    EXPECT_TRUE(std::signbit(Written(OLESTR("-0"), 4).value));
+}
+
+TEST(NumberScan, AnyOtherFormIsNoWrittenNumber)
+{
+    for (const TextView text : {OLESTR(""), OLESTR("-"), OLESTR("+1"), OLESTR(" 1"), OLESTR("- 1"), OLESTR("."),
+                                OLESTR(".5"), OLESTR("5."), OLESTR("1.50"), OLESTR("1.0"), OLESTR("01"), OLESTR("-00"),
+                                OLESTR("00.5"), OLESTR("1.23456"), OLESTR("1e3"), OLESTR("1.5E-2"), OLESTR("x")})
+        EXPECT_EQ(Written(text, 4), Nothing<double>(text));
+    EXPECT_EQ(Written(OLESTR("1.5"), 0), Nothing<double>(OLESTR("1.5")));
+    EXPECT_EQ(Written(OLESTR("1.5"), -1), Nothing<double>(OLESTR("1.5")));
+}
+
+TEST(NumberScan, AWrittenNumberHasFifteenDigitsWithAllItsDecimals)
+{
+    EXPECT_TRUE(Written(OLESTR("12345678901.5"), 4).done);
+    EXPECT_FALSE(Written(OLESTR("123456789012.5"), 4).done);
+    EXPECT_TRUE(Written(OLESTR("123456789012345"), 0).done);
+    EXPECT_FALSE(Written(OLESTR("1234567890123456"), 0).done);
+    EXPECT_FALSE(Written(OLESTR("1"), 15).done);
+}
+
+TEST(NumberScan, AWrittenIntegerFitsItsTypeAndHasNoNeedlessUnit)
+{
+    const auto sign = [](TextView text) { return ReadWith<std::int32_t>(text, &TextScanner::ReadWrittenSigned); };
+    const auto plain = [](TextView text) { return ReadWith<std::uint32_t>(text, &TextScanner::ReadWrittenUnsigned); };
+    using Sign = Read<std::int32_t>;
+    using Plain = Read<std::uint32_t>;
+    EXPECT_EQ(sign(OLESTR("2147483647")), (Sign{true, 2147483647, {}}));
+    EXPECT_EQ(sign(OLESTR("-2147483648")), (Sign{true, std::numeric_limits<std::int32_t>::min(), {}}));
+    EXPECT_EQ(sign(OLESTR("0;")), (Sign{true, 0, OLESTR(";")}));
+    EXPECT_EQ(plain(OLESTR("4294967295")), (Plain{true, 4294967295U, {}}));
+    EXPECT_EQ(plain(OLESTR("0")), (Plain{true, 0, {}}));
+    for (const TextView text : {OLESTR(""), OLESTR("-"), OLESTR("-0"), OLESTR("+1"), OLESTR("01"), OLESTR(" 1"),
+                                OLESTR("2147483648"), OLESTR("-2147483649"), OLESTR("18446744073709551617")})
+        EXPECT_EQ(sign(text), Nothing<std::int32_t>(text));
+    for (const TextView text : {OLESTR(""), OLESTR("-1"), OLESTR("00"), OLESTR("4294967296"), OLESTR("x")})
+        EXPECT_EQ(plain(text), Nothing<std::uint32_t>(text));
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <functional>
@@ -166,6 +167,41 @@ TEST(RandomNumbers, PrintedNumbersReadBackAsTheLibraryReadsThem)
             if (SuitsSinglePrecision(value))
                 ExpectReadsLikeTheLibrary(reference::General(value, Between(random, 1, 20)));
         }
+    }
+}
+
+TEST(RandomNumbers, WhatIsReadAsAWrittenNumberRendersAsTheSameText)
+{
+    Random random(8);
+    int read = 0;
+    for (const auto& family : kFamilies) {
+        for (int count = 0; count < reference::kValues; ++count) {
+            const int decimals = Between(random, 0, 9);
+            // Rounded elsewhere than it is read, so that some texts have a decimal too many or too few.
+            const Text text = FormatNumber(family(random), std::clamp(decimals + Between(random, -1, 1), 0, 9));
+            double value = 0;
+            if (!TextScanner(text).ReadWrittenNumber(decimals, value))
+                continue;
+            ++read;
+            ASSERT_EQ(Narrow(FormatNumber(value, decimals)), Narrow(text)) << decimals;
+            ASSERT_EQ(std::bit_cast<std::uint64_t>(value),
+                      std::bit_cast<std::uint64_t>(reference::ReadDouble(Narrow(text))))
+                << Narrow(text);
+        }
+    }
+    EXPECT_GT(read, reference::kValues); // of five times as many
+}
+
+TEST(RandomNumbers, EveryEverydayNumberIsReadInTheFormInWhichItWasWritten)
+{
+    Random random(9);
+    for (int count = 0; count < reference::kValues; ++count) {
+        const int decimals = Between(random, 0, 6);
+        const double written = static_cast<double>(Between(random, -2'000'000'000, 2'000'000'000)) / 1e4;
+        const Text text = FormatNumber(written, decimals);
+        double value = 0;
+        ASSERT_TRUE(TextScanner(text).ReadWrittenNumber(decimals, value)) << Narrow(text);
+        ASSERT_EQ(Narrow(FormatNumber(value, decimals)), Narrow(text));
     }
 }
 

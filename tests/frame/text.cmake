@@ -5,5 +5,6 @@ else()
   set(reference native/ReferenceNumbers.cpp)
 endif()
 lv_add_test(frame_text_tests ONE_THREAD
-  SOURCES FormatTextTest.cpp NumberScanTest.cpp NumberTextTest.cpp RandomNumbersTest.cpp TextToolsTest.cpp ${reference}
+  SOURCES FormatTextTest.cpp NumberScanTest.cpp NumberTextTest.cpp RandomNumbersTest.cpp TextBufferTest.cpp
+    TextToolsTest.cpp ${reference}
   LIBS lv_frame)
