@@ -32,8 +32,3 @@ const DataTypeRule kDataTypeRules[kDataTypeCount] = {
     {E_PROP_DT_POINTS_LIST,          OLESTR("points_list"),    ValueKind::AnyText,   kPrecision,             SavedForm::Escaped,   false, UnitScaling::None},
 };
 // clang-format on
-
-const DataTypeRule& RuleOf(LONG type) noexcept
-{
-    return kDataTypeRules[type > 0 && type < kDataTypeCount ? type : LONG{E_PROP_DT_NONE}];
-}

@@ -51,7 +51,10 @@ extern const DataTypeRule kDataTypeRules[];
 inline constexpr LONG kDataTypeCount = E_PROP_DT_POINTS_LIST + 1;
 
 /// Rule of a type; types outside the enumeration have the rule of E_PROP_DT_NONE.
-const DataTypeRule& RuleOf(LONG type) noexcept;
+inline const DataTypeRule& RuleOf(LONG type) noexcept
+{
+    return kDataTypeRules[type > 0 && type < kDataTypeCount ? type : LONG{E_PROP_DT_NONE}];
+}
 
 /// "linear", "angle" and so on; "Unknown" for no type.
 inline const OLECHAR* DataTypeKeyword(LONG type) noexcept

@@ -9,19 +9,18 @@
 
 namespace {
 
-/// Sizes and numbers on a stream are LONG, and an event takes two items at most.
-constexpr std::size_t kMostRecords = 0x7FFFFFFF / kEventRecordBytes / 2;
 constexpr std::size_t kMostValueWords = 0x7FFFFFFF / sizeof(uint64_t);
 
 /// Memory that is kept from one transaction to the next.
 constexpr std::size_t kKeptRecords = std::size_t{1} << 15;
 
 template <class Element>
-void Empty(std::vector<Element>& elements)
+void Empty(GrowingBuffer<Element>& elements)
 {
-    if (elements.capacity() > kKeptRecords)
-        std::vector<Element>().swap(elements);
-    elements.clear();
+    if (elements.Capacity() > kKeptRecords)
+        elements = {};
+    else
+        elements.Cut(0);
 }
 
 } // namespace
@@ -51,15 +50,17 @@ void EventQueue::Release()
 
 void EventQueue::Append(const SprpEventInfo& record, const ValueText& oldText)
 {
+    if (m_values.Size() >= kMostValueWords) [[unlikely]]
+        FailFull();
     Append(record);
     if (!m_direct) [[unlikely]] {
         const CComBSTR text(oldText.ToText());
         Must(m_stream->WriteString(text, VARIANT_TRUE));
         return;
     }
-    const auto value = static_cast<uint32_t>(m_values.size() * sizeof(uint64_t));
+    const auto value = static_cast<uint32_t>(m_values.Size() * sizeof(uint64_t));
     const uint32_t bytes = PackText(oldText, m_values);
-    m_texts.push_back({static_cast<uint32_t>(m_records.size() * sizeof(SprpEventInfo)), value, bytes});
+    m_texts.Append({static_cast<uint32_t>(m_records.Size() * sizeof(SprpEventInfo)), value, bytes});
 }
 
 void EventQueue::Write(const SprpEventInfo& record)
@@ -67,16 +68,15 @@ void EventQueue::Write(const SprpEventInfo& record)
     Must(m_stream->Write(const_cast<SprpEventInfo*>(&record), kEventRecordBytes));
 }
 
-void EventQueue::MakeRoom() const
+void EventQueue::FailFull()
 {
-    if (m_records.size() >= kMostRecords || m_values.size() >= kMostValueWords) [[unlikely]]
-        throw std::length_error("events of a transaction");
+    throw std::length_error("events of a transaction");
 }
 
 LONG EventQueue::ItemCount() const
 {
     if (m_direct) [[likely]]
-        return static_cast<LONG>(m_records.size() + m_texts.size());
+        return static_cast<LONG>(m_records.Size() + m_texts.Size());
     LONG count = 0;
     Must(m_stream->GetItemCount(&count));
     return count;
@@ -103,11 +103,11 @@ void EventQueue::Flush()
 {
     if (!m_direct)
         return;
-    Must(m_direct->AppendBatch(m_records.data(), static_cast<LONG>(m_records.size() * sizeof(SprpEventInfo)),
-                               static_cast<LONG>(m_records.size()),
-                               reinterpret_cast<const unsigned char*>(m_values.data()),
-                               static_cast<LONG>(m_values.size() * sizeof(uint64_t)), m_texts.data(),
-                               static_cast<LONG>(m_texts.size()), &PackedTextRenderer()));
+    Must(m_direct->AppendBatch(m_records.Data(), static_cast<LONG>(m_records.Size() * sizeof(SprpEventInfo)),
+                               static_cast<LONG>(m_records.Size()),
+                               reinterpret_cast<const unsigned char*>(m_values.Data()),
+                               static_cast<LONG>(m_values.Size() * sizeof(uint64_t)), m_texts.Data(),
+                               static_cast<LONG>(m_texts.Size()), &PackedTextRenderer()));
     Forget();
 }
 

@@ -10,9 +10,9 @@
 #include "LV_suiteStream.h"
 #include "core/ValueText.h"
 #include "platform/atl/ComPtr.h"
+#include "platform/memory/GrowingBuffer.h"
 
 #include <cstdint>
-#include <vector>
 
 /// Size of a record on the stream: no padding, little endian.
 inline constexpr LONG kEventRecordBytes = 20;
@@ -29,8 +29,9 @@ public:
     {
         if (!m_direct) [[unlikely]]
             return Write(record);
-        MakeRoom();
-        m_records.push_back(record);
+        if (m_records.Size() >= kMostRecords) [[unlikely]]
+            FailFull();
+        m_records.Append(record);
     }
     /// Appends a record of a value edit and the text that the value had.
     void Append(const SprpEventInfo& record, const ValueText& oldText);
@@ -41,16 +42,19 @@ public:
     CComPtr<IqorStream> Take();
 
 private:
+    /// Sizes and numbers on a stream are LONG, and an event takes two items at most.
+    static constexpr std::size_t kMostRecords = 0x7FFFFFFF / kEventRecordBytes / 2;
+
     static HRESULT MakeStream(CComPtr<IqorStream>& stream);
 
     void Write(const SprpEventInfo& record);
-    void MakeRoom() const;
+    [[noreturn]] static void FailFull();
     void Flush();
     void Forget();
 
     CComPtr<IqorStream> m_stream;
     CComPtr<IqorStreamDirect> m_direct; ///< of m_stream; null when that is somebody else's
-    std::vector<SprpEventInfo> m_records;
-    std::vector<SqorDeferredText> m_texts; ///< places in m_records, values in m_values, both in bytes
-    std::vector<uint64_t> m_values;
+    GrowingBuffer<SprpEventInfo> m_records;
+    GrowingBuffer<SqorDeferredText> m_texts; ///< places in m_records, values in m_values, both in bytes
+    GrowingBuffer<uint64_t> m_values;
 };

@@ -25,6 +25,19 @@ Value ReadFrom(const unsigned char* bytes)
     return value;
 }
 
+/// Puts the head and the content behind it into whole words. @return their bytes.
+inline uint32_t Pack(const PackedHead& head, const void* content, std::size_t bytes, GrowingBuffer<uint64_t>& out)
+{
+    const std::size_t words = 1 + (bytes + kWord - 1) / kWord;
+    uint64_t* const room = out.Room(words);
+    room[words - 1] = 0; // the content may fill it in part
+    std::memcpy(room, &head, kWord);
+    if (bytes != 0)
+        std::memcpy(room + 1, content, bytes);
+    out.EndAt(room + words);
+    return static_cast<uint32_t>(kWord + bytes);
+}
+
 /// Gives the rendering of a number to a buffer that may be too small for it.
 HRESULT Hand(TextView text, OLECHAR* buffer, LONG capacity, LONG* length)
 {
@@ -103,48 +116,30 @@ private:
 
 } // namespace
 
-uint32_t PackText(const ValueText& text, std::vector<uint64_t>& out)
+uint32_t PackText(const ValueText& text, GrowingBuffer<uint64_t>& out)
 {
     PackedHead head{0, text.GetForm(), static_cast<int8_t>(text.Decimals())};
-    const std::size_t at = out.size();
-    uint32_t bytes = 2 * kWord;
-    uint64_t word = 0;
     switch (head.form) {
     case ValueText::Form::Literal: {
         const TextView units = text.Literal();
         head.units = static_cast<uint32_t>(units.size());
-        bytes = static_cast<uint32_t>(kWord + units.size() * sizeof(OLECHAR));
-        out.resize(at + (bytes + kWord - 1) / kWord);
-        std::memcpy(&out[at], &head, kWord);
-        if (!units.empty())
-            std::memcpy(&out[at + 1], units.data(), units.size() * sizeof(OLECHAR));
-        return bytes;
+        return Pack(head, units.data(), units.size() * sizeof(OLECHAR), out);
     }
     case ValueText::Form::Position: {
         const SprpPosition position = text.Position();
-        bytes = kWord + sizeof position;
-        out.resize(at + bytes / kWord);
-        std::memcpy(&out[at], &head, kWord);
-        std::memcpy(&out[at + 1], &position, sizeof position);
-        return bytes;
+        return Pack(head, &position, sizeof position, out);
     }
     case ValueText::Form::Number: {
         const double number = text.Number();
-        std::memcpy(&word, &number, sizeof number);
-        break;
+        return Pack(head, &number, sizeof number, out);
     }
     case ValueText::Form::Signed:
     case ValueText::Form::Unsigned: {
-        const LONG whole = text.Whole();
-        std::memcpy(&word, &whole, sizeof whole);
-        break;
+        const int64_t whole = text.Whole();
+        return Pack(head, &whole, sizeof whole, out);
     }
     }
-    uint64_t packedHead = 0;
-    std::memcpy(&packedHead, &head, kWord);
-    out.push_back(packedHead);
-    out.push_back(word);
-    return bytes;
+    return 0;
 }
 
 IqorTextRenderer& PackedTextRenderer()

@@ -27,6 +27,44 @@ LONG TypeOf(TextView rest)
     return letter >= OLESTR('0') && letter <= OLESTR('9') ? letter - OLESTR('0') : letter - OLESTR('a');
 }
 
+/// Takes the id off a record and leaves at least the letter behind it.
+EprpParseError TakeId(TextView& rest, LONG& id)
+{
+    TextScanner scanner(rest);
+    uint32_t bits = 0;
+    if (scanner.ReadBareHex(bits) && !scanner.AtEnd() && IsFlagLetter(scanner.Rest().front())) {
+        id = static_cast<LONG>(bits);
+        rest = scanner.Rest();
+        return E_PROP_PARSE_ERROR_NONE;
+    }
+    // What no saver writes: white space, a sign, or something else between the digits and the letter.
+    const auto letter = std::find_if(rest.begin(), rest.end(), IsFlagLetter);
+    const TextView text(rest.begin(), letter);
+    rest.remove_prefix(text.size());
+    if (text.empty())
+        return E_V1_PROP_PARSE_ERROR_INVALID_PROPERTY_STRING;
+    if (!TextScanner(text).ReadHex(id))
+        return E_V1_PROP_PARSE_ERROR_PROPERTYID_FAILED;
+    return rest.empty() ? E_V1_PROP_PARSE_ERROR_INVALID_PROPERTY_STRING : E_PROP_PARSE_ERROR_NONE;
+}
+
+/// Takes the edit flags and the bar behind them. False when either is missing.
+bool TakeEditFlags(TextView& rest, LONG& editFlags)
+{
+    TextScanner scanner(rest);
+    uint32_t bits = 0;
+    if (scanner.ReadBareHex(bits) && scanner.ReadLiteral(kBar)) {
+        editFlags = static_cast<LONG>(bits);
+        rest = scanner.Rest();
+        return true;
+    }
+    const auto bar = rest.find(kBar);
+    if (bar == rest.npos || !TextScanner(rest.substr(0, bar)).ReadHex(editFlags))
+        return false;
+    rest.remove_prefix(bar + 1);
+    return true;
+}
+
 /// Texts of the faults in the order of their numbers. Those with a placeholder get the record or the id.
 struct FaultText {
     EprpParseError error;
@@ -59,24 +97,14 @@ EprpParseError ParseRecordVersion1(TextView record, SavedRecord& out)
     out = {};
     if (record.empty())
         return E_V1_PROP_PARSE_ERROR_INVALID_PROPERTY_STRING;
-    const auto letter = std::find_if(record.begin(), record.end(), IsFlagLetter);
-    const TextView idText(record.begin(), letter);
-    if (idText.empty())
-        return E_V1_PROP_PARSE_ERROR_INVALID_PROPERTY_STRING;
-    if (!TextScanner(idText).ReadHex(out.id))
-        return E_V1_PROP_PARSE_ERROR_PROPERTYID_FAILED;
-    TextView rest = record.substr(idText.size());
-    if (rest.empty())
-        return E_V1_PROP_PARSE_ERROR_INVALID_PROPERTY_STRING;
+    TextView rest = record;
+    if (const EprpParseError fault = TakeId(rest, out.id))
+        return fault;
 
     out.flags = static_cast<unsigned>(FoldAscii(rest.front()) - kFlagBase) & kKnownFlags;
     rest.remove_prefix(1);
-    if (out.flags & kSavedEditFlags) {
-        const auto bar = rest.find(kBar);
-        if (bar == rest.npos || !TextScanner(rest.substr(0, bar)).ReadHex(out.editFlags))
-            return E_V1_PROP_PARSE_ERROR_INVALID_DATA_TYPE;
-        rest.remove_prefix(bar + 1);
-    }
+    if ((out.flags & kSavedEditFlags) && !TakeEditFlags(rest, out.editFlags))
+        return E_V1_PROP_PARSE_ERROR_INVALID_DATA_TYPE;
     out.type = TypeOf(rest);
     if (out.type == E_PROP_DT_NONE)
         return E_V1_PROP_PARSE_ERROR_INVALID_DATA_TYPE;
@@ -134,11 +162,8 @@ void EscapeValue(TextBuffer& out, std::size_t begin, SavedForm form)
     if (form == SavedForm::Plain || form == SavedForm::EnumValue)
         return;
     const bool points = form == SavedForm::Points;
-    const auto isSpecial = [points](OLECHAR unit) {
-        return unit == OLESTR('\r') || (!points && (unit == OLESTR('~') || unit == kBar));
-    };
     const TextView plain = out.View().substr(begin);
-    if (std::none_of(plain.begin(), plain.end(), isSpecial))
+    if (!Contains(plain, OLESTR('\r')) && (points || (!Contains(plain, OLESTR('~')) && !Contains(plain, kBar))))
         return;
     Text value(plain);
     if (points || form == SavedForm::MultiLine)

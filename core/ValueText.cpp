@@ -1,6 +1,5 @@
 #include "core/ValueText.h"
 
-#include "frame/NumberScan.h"
 #include "frame/NumberText.h"
 
 #include <bit>
@@ -82,42 +81,20 @@ ValueText ValueText::OfPosition(const SprpPosition& position, LONG decimals)
     return result;
 }
 
-std::optional<ValueText> ValueText::Reread(TextView text) const
-{
-    TextScanner scanner(text);
-    std::optional<ValueText> value;
-    switch (m_form) {
-    case Form::Literal: break;
-    case Form::Number:
-        if (double number = 0; scanner.ReadWrittenNumber(m_decimals, number))
-            value = OfNumber(number, m_decimals);
-        break;
-    case Form::Position:
-        if (SprpPosition p{}; scanner.ReadWrittenNumber(m_decimals, p.X) && scanner.ReadLiteral(kBetween) &&
-                              scanner.ReadWrittenNumber(m_decimals, p.Y) && scanner.ReadLiteral(kBetween) &&
-                              scanner.ReadWrittenNumber(m_decimals, p.Z))
-            value = OfPosition(p, m_decimals);
-        break;
-    case Form::Signed:
-        if (std::int32_t number = 0; scanner.ReadWrittenSigned(number))
-            value = OfSigned(number);
-        break;
-    case Form::Unsigned:
-        if (std::uint32_t number = 0; scanner.ReadWrittenUnsigned(number))
-            value = OfUnsigned(number);
-        break;
-    }
-    if (!scanner.AtEnd())
-        value.reset();
-    return value;
-}
-
 SprpPosition ValueText::Position() const noexcept
 {
     SprpPosition position{};
     if (const TextView units = m_text.View(); !units.empty())
         std::memcpy(&position, units.data(), sizeof position);
     return position;
+}
+
+bool ValueText::IsPosition(const SprpPosition& position, LONG decimals) const noexcept
+{
+    if (m_form != Form::Position || m_decimals != decimals)
+        return false;
+    const SprpPosition mine = Position();
+    return std::memcmp(&mine, &position, sizeof mine) == 0;
 }
 
 OLECHAR* ValueText::TryWrite(OLECHAR* out) const noexcept

@@ -9,7 +9,6 @@
 #include "platform/com/Ole.h"
 
 #include <memory>
-#include <optional>
 #include <utility>
 
 class ValueText {
@@ -51,10 +50,6 @@ public:
     static ValueText OfSigned(LONG value) { return OfWhole(Form::Signed, value); }
     static ValueText OfUnsigned(ULONG value) { return OfWhole(Form::Unsigned, static_cast<LONG>(value)); }
 
-    /// The value of this one's form and decimals that renders the given text, which is what a text that was rendered
-    /// in the same form gives. None for a literal, and for texts that nothing but a literal can keep.
-    std::optional<ValueText> Reread(TextView text) const;
-
     void AppendTo(Text& out) const;
     void AppendTo(TextBuffer& out) const;
     Text ToText() const;
@@ -68,6 +63,8 @@ public:
     TextView Literal() const noexcept { return m_text.View(); }
     double Number() const noexcept { return m_number; }
     SprpPosition Position() const noexcept;
+    /// Whether this is what OfPosition gives, in form as well.
+    bool IsPosition(const SprpPosition& position, LONG decimals) const noexcept;
     LONG Whole() const noexcept { return static_cast<LONG>(m_whole); }
     /// Of a number and of each coordinate; at most kMostDecimals.
     int Decimals() const noexcept { return m_decimals; }

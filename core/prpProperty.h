@@ -217,8 +217,11 @@ private:
     ValueText RenderForEdit(CallSite at = CallSite::current());
 
     void SetErrorText(TextView text);
-    /// The end of StoreString for a text of numbers as it would be rendered: no detour over the text.
-    void StoreNumbers(ValueText fresh);
+    /// StoreString for a text of numbers that is just what rendering them gives, as every saved one is: it is kept as
+    /// numbers. False, with nothing done, for any other text.
+    bool StoreRendering(TextView text);
+    template <class Store>
+    void StoreRead(ValueText value, Store&& store);
     /// Reads a text into the field of the data type. False when it holds no value of that type.
     bool ParseValue(TextView text);
     bool ParsePosition(TextView text);

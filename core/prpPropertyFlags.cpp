@@ -229,7 +229,8 @@ STDMETHODIMP CprpProperty::SetErrorString(BSTR ErrorString)
 void CprpProperty::SetErrorText(TextView text)
 {
     // A change of case alone keeps the old spelling; the flag follows the text in any case, without an event.
-    if (!EqualsIgnoringCase(text, Extras().error.View())) {
+    const bool bothEmpty = text.empty() && (!m_pExtras || Extras().error.Empty()); // what nearly every value edit meets
+    if (!bothEmpty && !EqualsIgnoringCase(text, Extras().error.View())) {
         MakeExtras().error.Assign(text);
         QueueStateEdit();
     }

@@ -16,6 +16,14 @@ namespace {
 
 constexpr UINT kPathPointsString = 32015;
 
+bool ReadWrittenPosition(TextScanner& scanner, LONG decimals, SprpPosition& position)
+{
+    constexpr OLECHAR between = OLESTR(';');
+    return scanner.ReadWrittenNumber(decimals, position.X) && scanner.ReadLiteral(between) &&
+           scanner.ReadWrittenNumber(decimals, position.Y) && scanner.ReadLiteral(between) &&
+           scanner.ReadWrittenNumber(decimals, position.Z);
+}
+
 Text CountText(std::size_t points)
 {
     Text format; // without the string the text is empty
@@ -33,7 +41,10 @@ const ValueText& CprpProperty::RenderValue(LONG precision)
     case ValueKind::Number: m_Value = ValueText::OfNumber(m_dbDouble, decimals); break;
     case ValueKind::Signed: m_Value = ValueText::OfSigned(m_nLong); break;
     case ValueKind::Unsigned: m_Value = ValueText::OfUnsigned(static_cast<ULONG>(m_nLong)); break;
-    case ValueKind::Position: m_Value = ValueText::OfPosition(Extras().position, decimals); break;
+    case ValueKind::Position:
+        if (!m_Value.IsPosition(Extras().position, decimals))
+            m_Value = ValueText::OfPosition(Extras().position, decimals);
+        break;
     case ValueKind::ScanPath: m_Value = ValueText::OfText(CountText(Extras().scanPath->size())); break;
     case ValueKind::Tolerance: {
         Text text;
@@ -94,17 +105,13 @@ STDMETHODIMP CprpProperty::SetPropertyString(BSTR NewPropertyString)
 
 void CprpProperty::StoreString(TextView text)
 {
+    if (StoreRendering(text))
+        return;
     const ValueKind kind = RuleOf(m_eDataType).kind;
     RenderValue();
     if (text.empty() && IsNumeric(kind)) {
         QueueValueEdit(m_Value); // an empty text changes no number, and is announced all the same
         return;
-    }
-    if (IsNumeric(kind)) {
-        if (std::optional<ValueText> fresh = m_Value.Reread(text)) {
-            StoreNumbers(*std::move(fresh));
-            return;
-        }
     }
     if (m_Value.Equals(text))
         return;
@@ -119,18 +126,54 @@ void CprpProperty::StoreString(TextView text)
     QueueValueEdit(value);
 }
 
-void CprpProperty::StoreNumbers(ValueText fresh)
+bool CprpProperty::StoreRendering(TextView text)
 {
-    if (m_Value.Equals(fresh))
+    const DataTypeRule& rule = RuleOf(m_eDataType);
+    const LONG decimals = rule.decimals == kCollectionPrecision ? Owner().PrecisionValue() : rule.decimals;
+    TextScanner scanner(text);
+    switch (rule.kind) {
+    case ValueKind::Number: {
+        double number = 0;
+        if (!scanner.ReadWrittenNumber(decimals, number) || !scanner.AtEnd())
+            return false;
+        StoreRead(ValueText::OfNumber(number, decimals), [&] { m_dbDouble = number; });
+        return true;
+    }
+    case ValueKind::Signed: {
+        int32_t number = 0;
+        if (!scanner.ReadWrittenSigned(number) || !scanner.AtEnd())
+            return false;
+        StoreRead(ValueText::OfSigned(number), [&] { m_nLong = number; });
+        return true;
+    }
+    case ValueKind::Unsigned: {
+        uint32_t number = 0;
+        if (!scanner.ReadWrittenUnsigned(number) || !scanner.AtEnd())
+            return false;
+        StoreRead(ValueText::OfUnsigned(number), [&] { m_nLong = static_cast<LONG>(number); });
+        return true;
+    }
+    case ValueKind::Position: {
+        SprpPosition position{};
+        if (!ReadWrittenPosition(scanner, decimals, position) || !scanner.AtEnd())
+            return false;
+        StoreRead(ValueText::OfPosition(position, decimals), [&] { MakeExtras().position = position; });
+        return true;
+    }
+    default: return false;
+    }
+}
+
+template <class Store>
+void CprpProperty::StoreRead(ValueText value, Store&& store)
+{
+    RenderValue();
+    if (m_Value.Equals(value))
         return;
     SetErrorText({});
-    switch (fresh.GetForm()) {
-    case ValueText::Form::Number: m_dbDouble = fresh.Number(); break;
-    case ValueText::Form::Position: MakeExtras().position = fresh.Position(); break;
-    default: m_nLong = fresh.Whole(); break;
-    }
-    std::swap(m_Value, fresh);
-    QueueValueEdit(fresh);
+    store();
+    std::swap(m_Value, value);
+    QueueValueEdit(value);
 }
 
 bool CprpProperty::ParseValue(TextView text)

@@ -7,6 +7,7 @@
 #include "frame/TextTools.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <charconv>
 #include <cmath>
@@ -19,13 +20,30 @@ constexpr bool IsDigit(OLECHAR unit)
     return unit >= OLECHAR{'0'} && unit <= OLECHAR{'9'};
 }
 
+/// The value of each ASCII unit as a hexadecimal digit; -1 for what is none.
+constexpr auto kHexValues = [] {
+    std::array<std::int8_t, 128> values{};
+    values.fill(-1);
+    for (int digit = 0; digit < 16; ++digit) {
+        const auto at = static_cast<std::size_t>(digit < 10 ? '0' + digit : 'a' + digit - 10);
+        values[at] = static_cast<std::int8_t>(digit);
+        if (digit >= 10)
+            values[at - ('a' - 'A')] = static_cast<std::int8_t>(digit);
+    }
+    return values;
+}();
+
 /// -1 for what is no hexadecimal digit.
 constexpr int HexDigit(OLECHAR unit)
 {
-    if (IsDigit(unit))
-        return unit - '0';
-    const OLECHAR folded = FoldAscii(unit);
-    return folded >= OLECHAR{'a'} && folded <= OLECHAR{'f'} ? folded - 'a' + 10 : -1;
+    return unit < kHexValues.size() ? kHexValues[unit] : -1;
+}
+
+/// Takes all hexadecimal digits into `number`, which keeps the last eight, and moves `at` behind them.
+inline void TakeHexDigits(const OLECHAR*& at, const OLECHAR* end, std::uint32_t& number)
+{
+    for (int digit; at != end && (digit = HexDigit(*at)) >= 0; ++at)
+        number = number << 4 | static_cast<std::uint32_t>(digit);
 }
 
 /// Every power of ten that a double holds exactly.
@@ -53,50 +71,47 @@ inline bool TakeSign(const OLECHAR*& at, const OLECHAR* end)
 
 constexpr std::ptrdiff_t kMostPlainDigits = 15; // Any so many are an exact double.
 
-/// A number without an exponent: where its parts are, and its value.
-struct PlainNumber {
-    const OLECHAR* whole;
-    std::ptrdiff_t wholeDigits;
-    std::ptrdiff_t decimals;
-    const OLECHAR* end;
-    double value;
-};
+/// The number of at most kMostPlainDigits digits, `decimals` of them behind the point.
+inline double PlainNumber(bool negative, std::uint64_t digits, std::ptrdiff_t decimals)
+{
+    const double magnitude = static_cast<double>(static_cast<std::int64_t>(digits)) / kExactPowersOfTen[decimals];
+    // The sign bit is set without a branch: signs of measured values follow no pattern.
+    return std::bit_cast<double>(std::bit_cast<std::uint64_t>(magnitude) | std::uint64_t{negative} << 63);
+}
 
-/// Reads a plain number of at most 15 digits. False for every other number.
-inline bool ReadPlain(const OLECHAR* at, const OLECHAR* end, PlainNumber& number)
+/// Reads a plain number of at most 15 digits. Returns where it ends; null, with nothing read, for every other number.
+const OLECHAR* ReadPlain(const OLECHAR* at, const OLECHAR* end, double& value)
 {
     const bool negative = TakeSign(at, end);
     std::uint64_t mantissa = 0;
-    number.whole = at;
+    const OLECHAR* const whole = at;
     TakeDigits(at, end, mantissa);
-    number.wholeDigits = at - number.whole;
-    number.decimals = 0;
+    std::ptrdiff_t digits = at - whole;
+    std::ptrdiff_t decimals = 0;
     if (at != end && *at == OLECHAR{'.'}) {
         const OLECHAR* const fraction = ++at;
         TakeDigits(at, end, mantissa);
-        number.decimals = at - fraction;
+        decimals = at - fraction;
+        digits += decimals;
     }
-    const std::ptrdiff_t digits = number.wholeDigits + number.decimals;
     if (digits == 0 || digits > kMostPlainDigits || (at != end && FoldAscii(*at) == OLECHAR{'e'}))
-        return false;
-    const double magnitude =
-        static_cast<double>(static_cast<std::int64_t>(mantissa)) / kExactPowersOfTen[number.decimals];
-    // The sign bit is set without a branch: signs of measured values follow no pattern.
-    number.value = std::bit_cast<double>(std::bit_cast<std::uint64_t>(magnitude) | std::uint64_t{negative} << 63);
-    number.end = at;
-    return true;
+        return nullptr;
+    value = PlainNumber(negative, mantissa, decimals);
+    return at;
 }
 
-/// Takes the digits of a whole number without zeros ahead. False for none, for more than a number of 32 bits has, and
-/// for a zero ahead of others.
-bool TakeWrittenDigits(const OLECHAR*& at, const OLECHAR* end, std::uint64_t& number)
+/// Takes the digits of a whole number without zeros ahead. False for none, for more than `most`, and for a zero ahead
+/// of others.
+inline bool TakeWrittenDigits(const OLECHAR*& at, const OLECHAR* end, std::ptrdiff_t most, std::uint64_t& number)
 {
-    constexpr std::ptrdiff_t mostDigits = 10;
     const OLECHAR* const first = at;
     TakeDigits(at, end, number);
     const std::ptrdiff_t digits = at - first;
-    return digits == 1 || (digits > 1 && digits <= mostDigits && *first != OLECHAR{'0'});
+    return digits != 0 && digits <= most && (digits == 1 || *first != OLECHAR{'0'});
 }
+
+/// Digits of the largest whole number of 32 bits.
+constexpr std::ptrdiff_t kMostWholeDigits = 10;
 
 /// The parts of a decimal number's text.
 struct DecimalText {
@@ -238,8 +253,9 @@ Float ConvertDigits(const DecimalText& number)
 template <class Float>
 bool TextScanner::ReadFloating(Float& value)
 {
-    if (PlainNumber plain; ReadPlain(m_at, m_end, plain) && TryNarrow(plain.value, value)) {
-        m_at = plain.end;
+    double wide;
+    if (const OLECHAR* end = ReadPlain(m_at, m_end, wide); end && TryNarrow(wide, value)) {
+        m_at = end;
         return true;
     }
 
@@ -248,7 +264,6 @@ bool TextScanner::ReadFloating(Float& value)
     DecimalText number;
     if (!TakeDecimal(at, m_end, number))
         return false;
-    double wide;
     Float magnitude;
     if (!TryExact(number, wide) || !TryNarrow(wide, magnitude))
         magnitude = ConvertDigits<Float>(number);
@@ -276,14 +291,25 @@ bool TextScanner::ReadHexBits(std::uint32_t& bits)
         at += 2;
         any = true; // "0x" alone is a zero.
     }
+    const OLECHAR* const first = at;
     std::uint32_t number = 0;
-    for (int digit; at != m_end && (digit = HexDigit(*at)) >= 0; ++at) {
-        number = number << 4 | static_cast<std::uint32_t>(digit);
-        any = true;
-    }
+    TakeHexDigits(at, m_end, number);
+    any = any || at != first;
     if (!any)
         return false;
     bits = negative ? 0U - number : number;
+    m_at = at;
+    return true;
+}
+
+bool TextScanner::ReadBareHex(std::uint32_t& value)
+{
+    const OLECHAR* at = m_at;
+    std::uint32_t number = 0;
+    TakeHexDigits(at, m_end, number);
+    if (at == m_at)
+        return false;
+    value = number;
     m_at = at;
     return true;
 }
@@ -307,17 +333,24 @@ bool TextScanner::ReadDecimalBits(std::uint32_t& bits)
 // finds the digits of the text again, and cutting zeros leaves them, for the text ends in none.
 bool TextScanner::ReadWrittenNumber(int decimals, double& value)
 {
-    PlainNumber number;
-    if (decimals < 0 || m_at == m_end || !(IsDigit(*m_at) || *m_at == OLECHAR{'-'}) || !ReadPlain(m_at, m_end, number))
+    const OLECHAR* at = m_at;
+    const bool negative = at != m_end && *at == OLECHAR{'-'};
+    at += negative;
+    std::uint64_t digits = 0;
+    if (decimals < 0 || !TakeWrittenDigits(at, m_end, kMostPlainDigits - decimals, digits))
         return false;
-    const bool wholeIsWritten = number.wholeDigits == 1 || (number.wholeDigits > 1 && *number.whole != OLECHAR{'0'});
-    const OLECHAR last = number.end[-1];
-    const bool fractionIsWritten =
-        number.decimals == 0 ? last != OLECHAR{'.'} : number.decimals <= decimals && last != OLECHAR{'0'};
-    if (!wholeIsWritten || !fractionIsWritten || number.wholeDigits + decimals > kMostPlainDigits)
+    std::ptrdiff_t found = 0;
+    if (at != m_end && *at == OLECHAR{'.'}) {
+        const OLECHAR* const fraction = ++at;
+        TakeDigits(at, m_end, digits);
+        found = at - fraction;
+        if (found == 0 || found > decimals || at[-1] == OLECHAR{'0'})
+            return false;
+    }
+    if (at != m_end && FoldAscii(*at) == OLECHAR{'e'})
         return false;
-    value = number.value;
-    m_at = number.end;
+    value = PlainNumber(negative, digits, found);
+    m_at = at;
     return true;
 }
 
@@ -328,7 +361,8 @@ bool TextScanner::ReadWrittenSigned(std::int32_t& value)
     const bool negative = at != m_end && *at == OLECHAR{'-'};
     at += negative;
     std::uint64_t number = 0;
-    if (!TakeWrittenDigits(at, m_end, number) || number > most + negative || (negative && number == 0))
+    if (!TakeWrittenDigits(at, m_end, kMostWholeDigits, number) || number > most + negative ||
+        (negative && number == 0))
         return false;
     value = static_cast<std::int32_t>(negative ? 0 - number : number);
     m_at = at;
@@ -339,7 +373,7 @@ bool TextScanner::ReadWrittenUnsigned(std::uint32_t& value)
 {
     const OLECHAR* at = m_at;
     std::uint64_t number = 0;
-    if (!TakeWrittenDigits(at, m_end, number) || number > std::numeric_limits<std::uint32_t>::max())
+    if (!TakeWrittenDigits(at, m_end, kMostWholeDigits, number) || number > std::numeric_limits<std::uint32_t>::max())
         return false;
     value = static_cast<std::uint32_t>(number);
     m_at = at;

@@ -42,6 +42,9 @@ public:
         return true;
     }
 
+    /// The hexadecimal digits that stand exactly here, without white space, sign or prefix.
+    bool ReadBareHex(std::uint32_t& value);
+
     bool ReadDouble(double& value); ///< "%lg", "%lf"
     bool ReadFloat(float& value);   ///< "%f": rounded once, from the text to single precision.
 

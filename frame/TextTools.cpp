@@ -40,23 +40,35 @@ void EraseAny(Text& text, TextView unwanted)
     std::erase_if(text, [unwanted](OLECHAR unit) { return unwanted.find(unit) != TextView::npos; });
 }
 
-/// Units ahead of the first delimiter.
-static std::size_t LengthUpTo(TextView text, TextView delimiters)
+TokenRange::Iterator& TokenRange::Iterator::operator++()
 {
-    if (delimiters.size() == 1)
-        return static_cast<std::size_t>(FindUnit(text.data(), text.data() + text.size(), delimiters[0]) - text.data());
-    return (std::min)(text.find_first_of(delimiters), text.size());
+    if (m_delimiters.size() == 1)
+        TakeBetween(m_delimiters.front());
+    else
+        TakeBetweenAny();
+    return *this;
 }
 
-TokenRange::Iterator& TokenRange::Iterator::operator++()
+// With one delimiter the whole text is looked through eight units at a time.
+void TokenRange::Iterator::TakeBetween(OLECHAR delimiter)
+{
+    const OLECHAR* at = m_rest.data();
+    const OLECHAR* const end = at + m_rest.size();
+    while (at != end && *at == delimiter)
+        ++at;
+    const OLECHAR* const behind = FindUnit(at, end, delimiter);
+    m_token = at != end ? TextView(at, behind) : TextView();
+    m_rest = {behind, end};
+}
+
+void TokenRange::Iterator::TakeBetweenAny()
 {
     const std::size_t start = m_rest.find_first_not_of(m_delimiters);
     if (start == TextView::npos) {
         m_rest = m_token = {};
-        return *this;
+        return;
     }
-    m_rest.remove_prefix(start);
-    m_token = m_rest.substr(0, LengthUpTo(m_rest, m_delimiters));
-    m_rest.remove_prefix(m_token.size());
-    return *this;
+    const std::size_t length = m_rest.substr(start).find_first_of(m_delimiters);
+    m_token = m_rest.substr(start, length);
+    m_rest.remove_prefix(start + m_token.size());
 }

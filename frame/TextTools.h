@@ -65,6 +65,9 @@ public:
         friend bool operator==(const Iterator& it, std::default_sentinel_t) { return it.m_token.empty(); }
 
     private:
+        void TakeBetween(OLECHAR delimiter);
+        void TakeBetweenAny();
+
         TextView m_rest;
         TextView m_delimiters;
         TextView m_token; ///< Null at the end.

@@ -43,7 +43,9 @@ TEST(SavedRecords, EndTheirIdAtTheFirstLetterBehindTheHexadecimalOnes)
     EXPECT_EQ(ParseRecordVersion1(OLESTR("abcdefG35"), record), E_PROP_PARSE_ERROR_NONE);
     EXPECT_EQ(record.id, 0xABCDEF);
     EXPECT_EQ(record.flags, 0U);
-    EXPECT_EQ(ParseRecordVersion1(OLESTR("1zZ"), record), E_V1_PROP_PARSE_ERROR_INVALID_DATA_TYPE);
+    EXPECT_EQ(ParseRecordVersion1(OLESTR("1zZ5"), record), E_PROP_PARSE_ERROR_NONE);
+    EXPECT_EQ(record.id, 1);
+    EXPECT_EQ(record.flags, 3U);
     for (const OLECHAR letter : {OLECHAR{'`'}, OLECHAR{'{'}, OLECHAR{'@'}, OLECHAR{'['}, OLECHAR{0x7A7A}})
         EXPECT_EQ(ParseRecordVersion1(Text(OLESTR("1")) + letter, record),
                   E_V1_PROP_PARSE_ERROR_INVALID_PROPERTY_STRING);

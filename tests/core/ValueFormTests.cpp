@@ -41,32 +41,17 @@ TEST(ValueForms, AreCopiedAndMovedWithTheirText)
     }
 }
 
-TEST(ValueForms, GiveTheirOwnFormForTheTextTheyRender)
+TEST(ValueForms, KnowThePositionTheyWereMadeOf)
 {
-    for (const ValueText& value :
-         {ValueText::OfNumber(-12.5, 4), ValueText::OfNumber(0, 0), ValueText::OfPosition({1, -2.25, 3}, 4),
-          ValueText::OfPosition({0, 0, 0}, 4), ValueText::OfSigned(-5), ValueText::OfUnsigned(4294967295U)}) {
-        const Text text = value.ToText();
-        const std::optional<ValueText> again = value.Reread(text);
-        ASSERT_TRUE(again) << std::string(text.begin(), text.end());
-        EXPECT_EQ(again->GetForm(), value.GetForm());
-        EXPECT_EQ(again->Decimals(), value.Decimals());
-        EXPECT_EQ(again->ToText(), text);
-    }
-}
-
-TEST(ValueForms, GiveNoneForATextThatTheyWouldRenderOtherwise)
-{
-    const auto refuses = [](const ValueText& form, std::initializer_list<const OLECHAR*> texts) {
-        for (const TextView text : texts)
-            EXPECT_FALSE(form.Reread(text)) << std::string(text.begin(), text.end());
-    };
-    refuses(ValueText::OfText(OLESTR("1")), {OLESTR("1"), OLESTR("")});
-    refuses(ValueText::OfNumber(1, 2), {OLESTR(""), OLESTR("1.50"), OLESTR("1.555"), OLESTR("1 "), OLESTR("1;2;3")});
-    refuses(ValueText::OfPosition({}, 2),
-            {OLESTR("1;2"), OLESTR("1;2;"), OLESTR("1;2;3;"), OLESTR("1; 2;3"), OLESTR("(1;2;3)"), OLESTR("1,2,3")});
-    refuses(ValueText::OfSigned(1), {OLESTR("1.0"), OLESTR("2147483648"), OLESTR("")});
-    refuses(ValueText::OfUnsigned(1), {OLESTR("-1"), OLESTR("4294967296"), OLESTR("")});
+    const SprpPosition position{1, -2.25, 3};
+    const ValueText value = ValueText::OfPosition(position, 4);
+    EXPECT_TRUE(value.IsPosition(position, 4));
+    EXPECT_FALSE(value.IsPosition(position, 3));
+    EXPECT_FALSE(value.IsPosition({1, -2.25, 4}, 4));
+    EXPECT_FALSE(ValueText::OfText(OLESTR("1;-2.25;3")).IsPosition(position, 4));
+    EXPECT_FALSE(ValueText().IsPosition({0, 0, 0}, 4));
+    EXPECT_TRUE(ValueText::OfPosition({0, 0, 0}, 4).IsPosition({0, 0, 0}, 4));
+    EXPECT_FALSE(ValueText::OfPosition({0, 0, 0}, 4).IsPosition({-0.0, 0, 0}, 4));
 }
 
 } // namespace

@@ -89,4 +89,23 @@ TEST(TextBuffers, HandTheirTextOverByMoving)
     EXPECT_EQ(third.View().data(), units);
 }
 
+TEST(GrowingBuffers, HoldElementsOfAnySize)
+{
+    struct Pair {
+        std::uint32_t first;
+        std::uint64_t second;
+    };
+    GrowingBuffer<Pair> pairs;
+    for (std::uint32_t i = 0; i < 3000; ++i)
+        pairs.Append({i, std::uint64_t{i} << 32});
+    ASSERT_EQ(pairs.Size(), 3000U);
+    for (std::uint32_t i = 0; i < 3000; ++i) {
+        EXPECT_EQ(pairs.Data()[i].first, i);
+        EXPECT_EQ(pairs.Data()[i].second, std::uint64_t{i} << 32);
+    }
+    pairs.Cut(0);
+    EXPECT_EQ(pairs.Size(), 0U);
+    EXPECT_GE(pairs.Capacity(), 3000U);
+}
+
 } // namespace
