@@ -313,7 +313,7 @@ void CprpProperty::StoreLong(LONG value)
 {
     if (value == m_nLong)
         return;
-    const ValueText old = RenderForEdit();
+    const ValueText& old = RenderForEdit();
     m_nLong = value;
     QueueValueEdit(old);
 }
@@ -355,7 +355,7 @@ STDMETHODIMP CprpProperty::SetPropertyDouble(double DoubleData, EprpPropError* P
         }
         if (NearlyEqual(std::fabs(m_dbDouble - value), rule.threshold))
             return;
-        const ValueText old = RenderForEdit();
+        const ValueText& old = RenderForEdit();
         m_dbDouble = value;
         QueueValueEdit(old);
         if (m_eDataType == E_PROP_DT_FULL_PRECISION || m_eDataType == E_PROP_DT_DATE)

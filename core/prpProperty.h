@@ -213,8 +213,8 @@ private:
 
     void QueueStateEdit(bool visibilityChanged = false);
     void QueueValueEdit(const ValueText& oldText);
-    /// The present value text for an event; raises when no transaction runs.
-    ValueText RenderForEdit(CallSite at = CallSite::current());
+    /// The present value text for an event, until the next rendering; raises when no transaction runs.
+    const ValueText& RenderForEdit(CallSite at = CallSite::current());
 
     void SetErrorText(TextView text);
     /// StoreString for a text of numbers that is just what rendering them gives, as every saved one is: it is kept as

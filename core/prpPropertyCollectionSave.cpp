@@ -32,7 +32,8 @@ STDMETHODIMP CprpPropertyCollection::SaveToStream(IqorStream* SaveStream, VARIAN
 
 void CprpPropertyCollection::AppendRecord(TextBuffer& out, CprpProperty& property)
 {
-    const SavedForm form = RuleOf(property.DataType()).saved;
+    const DataTypeRule& rule = RuleOf(property.DataType());
+    const SavedForm form = rule.saved;
     if (form == SavedForm::Refused)
         ThrowInternal();
     const unsigned flags = (property.Visible() ? kSavedVisible : 0U) |
@@ -54,5 +55,6 @@ void CprpPropertyCollection::AppendRecord(TextBuffer& out, CprpProperty& propert
     }
     default: property.AppendValue(out, m_nPrecision); break;
     }
-    EscapeValue(out, begin, form);
+    if (!IsNumeric(rule.kind)) // no number holds what is escaped
+        EscapeValue(out, begin, form);
 }

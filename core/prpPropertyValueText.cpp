@@ -64,7 +64,7 @@ const ValueText& CprpProperty::RenderValue()
     return RenderValue(Owner().PrecisionValue());
 }
 
-ValueText CprpProperty::RenderForEdit(CallSite at)
+const ValueText& CprpProperty::RenderForEdit(CallSite at)
 {
     if (!InTransaction())
         ThrowFormatted(at, kNoTransactionText);
@@ -172,8 +172,8 @@ void CprpProperty::StoreRead(ValueText value, Store&& store)
         return;
     SetErrorText({});
     store();
-    std::swap(m_Value, value);
-    QueueValueEdit(value);
+    QueueValueEdit(m_Value);
+    m_Value = std::move(value);
 }
 
 bool CprpProperty::ParseValue(TextView text)

@@ -64,30 +64,6 @@ OLECHAR* WriteWhole(OLECHAR* out, std::uint64_t number)
     return WriteEight(WriteWhole(out, upper), static_cast<std::uint32_t>(number - upper * 100'000'000));
 }
 
-/// The four hexadecimal digits of a number below 65536, one to each 16 bits, the first in the lowest.
-constexpr std::uint64_t FourHexDigits(std::uint32_t number)
-{
-    const std::uint64_t bytes = number >> 8 | std::uint64_t{number & 0xFF} << 32;
-    return (bytes >> 4 & 0x0000'000F'0000'000F) | (bytes & 0x0000'000F'0000'000F) << 16;
-}
-static_assert(FourHexDigits(0x9A0F) == 0x000F'0000'000A'0009);
-
-/// The same as units.
-std::uint64_t FourHexUnits(std::uint32_t number, HexCase letters)
-{
-    const std::uint64_t digits = FourHexDigits(number);
-    const std::uint64_t isLetter = (digits + 0x0006'0006'0006'0006) >> 4 & 0x0001'0001'0001'0001;
-    return digits + kFourZeros +
-           isLetter * static_cast<std::uint64_t>((letters == HexCase::Upper ? 'A' : 'a') - '0' - 10);
-}
-
-OLECHAR* WriteUpToFourHex(OLECHAR* out, std::uint32_t number, HexCase letters)
-{
-    const int zeros = std::countl_zero(static_cast<std::uint16_t>(number | 1)) / 4;
-    StoreFour(out, FourHexUnits(number, letters) >> (16 * zeros));
-    return out + (4 - zeros);
-}
-
 /// A magnitude rounded to some decimals: whole + fraction / 10^decimals.
 struct Rounded {
     std::uint64_t whole;
@@ -258,11 +234,15 @@ OLECHAR* WriteSigned(OLECHAR* out, std::int32_t value) noexcept
 
 OLECHAR* WriteHex(OLECHAR* out, std::uint32_t value, HexCase letters) noexcept
 {
-    if (value < 0x1'0000)
-        return WriteUpToFourHex(out, value, letters);
-    out = WriteUpToFourHex(out, value >> 16, letters);
-    StoreFour(out, FourHexUnits(value & 0xFFFF, letters));
-    return out + 4;
+    const char* digits = letters == HexCase::Upper ? "0123456789ABCDEF" : "0123456789abcdef";
+    if (value < 16) { // as flags and small enumerations are
+        *out = static_cast<OLECHAR>(digits[value]);
+        return out + 1;
+    }
+    const int length = (std::bit_width(value) + 3) / 4;
+    for (int at = length - 1; at >= 0; --at, value >>= 4)
+        out[at] = static_cast<OLECHAR>(digits[value & 15]);
+    return out + length;
 }
 
 OLECHAR* TryWriteNumber(OLECHAR* out, double value, int decimals) noexcept
