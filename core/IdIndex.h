@@ -23,6 +23,9 @@ public:
     [[nodiscard]] std::size_t Size() const noexcept { return m_count; }
     [[nodiscard]] bool IsEmpty() const noexcept { return m_count == 0; }
 
+    /// Makes room for the ids of another index.
+    void ReserveLike(const IdIndex& other) { m_order.ReserveLike(other.m_order); }
+
     /// Adds a node whose id is new, at the head of its bucket. Either succeeds or changes nothing.
     void Insert(Node& node)
     {

@@ -67,6 +67,13 @@ public:
 
     void Clear() noexcept { m_buckets = {}; }
 
+    /// Makes room for as many nodes in each bucket as another order has.
+    void ReserveLike(const IdOrder& other)
+    {
+        for (std::size_t i = 0; i < kBuckets; ++i)
+            m_buckets[i].places.reserve(other.m_buckets[i].places.size() - other.m_buckets[i].holes);
+    }
+
     /// Calls visit(Node&) for every node in order. The visitor must not add or remove nodes.
     template <class Visit>
     void ForEach(Visit&& visit) const

@@ -135,23 +135,23 @@ EprpParseError ParseRecordVersion0(TextView record, SavedRecord& out)
     return E_PROP_PARSE_ERROR_NONE;
 }
 
-void AppendRecordHead(TextBuffer& out, LONG id, unsigned flags, LONG editFlags, LONG type)
+OLECHAR* WriteRecordHead(OLECHAR* out, LONG id, unsigned flags, LONG editFlags, LONG type) noexcept
 {
-    OLECHAR* at = out.Room(g_strStartMarker.size() + 2 * kMaxFastNumber + 3);
-    at = std::copy(g_strStartMarker.begin(), g_strStartMarker.end(), at);
-    at = WriteHex(at, static_cast<uint32_t>(id), HexCase::Lower);
-    *at++ = static_cast<OLECHAR>(kFlagBase + flags);
+    static_assert(kMostRecordHead >= g_strStartMarker.size() + 2 * kMaxFastNumber + 3);
+    out = std::copy(g_strStartMarker.begin(), g_strStartMarker.end(), out);
+    out = WriteHex(out, static_cast<uint32_t>(id), HexCase::Lower);
+    *out++ = static_cast<OLECHAR>(kFlagBase + flags);
     if (flags & kSavedEditFlags) {
-        at = WriteHex(at, static_cast<uint32_t>(editFlags), HexCase::Upper);
-        *at++ = kBar;
+        out = WriteHex(out, static_cast<uint32_t>(editFlags), HexCase::Upper);
+        *out++ = kBar;
     }
-    *at++ = TypeCharacter(type);
-    out.EndAt(at);
+    *out++ = TypeCharacter(type);
+    return out;
 }
 
 void AppendRecord(TextBuffer& out, const SavedRecord& record)
 {
-    AppendRecordHead(out, record.id, record.flags, record.editFlags, record.type);
+    out.EndAt(WriteRecordHead(out.Room(kMostRecordHead), record.id, record.flags, record.editFlags, record.type));
     const std::size_t begin = out.Size();
     out.Append(record.value);
     EscapeValue(out, begin, RuleOf(record.type).saved);

@@ -46,8 +46,10 @@ EprpParseError ParseRecordVersion1(TextView record, SavedRecord& out);
 /// the caller to judge by the property's type.
 EprpParseError ParseRecordVersion0(TextView record, SavedRecord& out);
 
-/// Appends marker, id, flags, edit flags and type of a version 1 record; the value goes behind.
-void AppendRecordHead(TextBuffer& out, LONG id, unsigned flags, LONG editFlags, LONG type);
+/// Writes marker, id, flags, edit flags and type of a version 1 record into kMostRecordHead units and returns the end;
+/// the value goes behind.
+OLECHAR* WriteRecordHead(OLECHAR* out, LONG id, unsigned flags, LONG editFlags, LONG type) noexcept;
+inline constexpr std::size_t kMostRecordHead = 68;
 
 /// Appends a whole record of version 1, its value escaped as the type's saved form tells.
 void AppendRecord(TextBuffer& out, const SavedRecord& record);

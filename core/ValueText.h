@@ -8,6 +8,7 @@
 #include "frame/TextBuffer.h"
 #include "platform/com/Ole.h"
 
+#include <bit>
 #include <memory>
 #include <utility>
 
@@ -53,6 +54,10 @@ public:
     void AppendTo(Text& out) const;
     void AppendTo(TextBuffer& out) const;
     Text ToText() const;
+    /// Writes the text of a number or three into kMostWritten units and returns its end. Null, with their content
+    /// lost, for a literal and for numbers that need more room.
+    OLECHAR* TryWrite(OLECHAR* out) const noexcept;
+    static constexpr std::size_t kMostWritten = 96;
     bool Equals(TextView text) const;
     /// Whether both render the same text.
     bool Equals(const ValueText& other) const;
@@ -63,6 +68,12 @@ public:
     TextView Literal() const noexcept { return m_text.View(); }
     double Number() const noexcept { return m_number; }
     SprpPosition Position() const noexcept;
+    /// Whether this is what OfNumber gives, in form as well.
+    bool IsNumber(double value, LONG decimals) const noexcept
+    {
+        return m_form == Form::Number && m_decimals == decimals &&
+               std::bit_cast<int64_t>(value) == std::bit_cast<int64_t>(m_number);
+    }
     /// Whether this is what OfPosition gives, in form as well.
     bool IsPosition(const SprpPosition& position, LONG decimals) const noexcept;
     LONG Whole() const noexcept { return static_cast<LONG>(m_whole); }
@@ -81,12 +92,6 @@ private:
         result.m_whole = value;
         return result;
     }
-    /// Writes the text of a number or three into kMostWritten units. Null, with their content lost, for a literal and
-    /// for numbers that need more room.
-    OLECHAR* TryWrite(OLECHAR* out) const noexcept;
-
-    static constexpr std::size_t kMostWritten = 96;
-
     bool OwnsBlock() const noexcept { return m_form == Form::Literal || m_form == Form::Position; }
 
     union {

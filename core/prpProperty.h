@@ -171,8 +171,6 @@ public:
     /// Multiplies the lengths of this property by the factor of the target mode.
     /// @return whether the children are to be converted as well.
     bool ConvertPropertyUnit(EprpUnitMode mode);
-    /// Appends the value text and remembers it as the last rendering.
-    void AppendValue(TextBuffer& out, LONG precision);
     /// The value text at the collection's precision, remembered as the last rendering; rendered only when read.
     const ValueText& RenderValue();
     const ValueText& RenderValue(LONG precision);

@@ -339,8 +339,13 @@ STDMETHODIMP CprpPropertyCollection::Clone(LONG NewCollectionID, IqorPropertyCol
         object->m_nPrecision = m_nPrecision;
 
         require.Transaction(InTransaction());
+        object->m_mapProperties.ReserveLike(m_mapProperties);
+        object->m_bFireEvents = false; // the events of a clone being made are dropped in any case
         for (const CprpProperty* property = m_listTopLevel.First(); property; property = NextOnLists(*property))
             object->AddInternal(property->Id(), property->ListOwnerId()).CopyFrom(*property, *object);
+        object->m_bFireEvents = true;
+        if (!m_listTopLevel.IsEmpty()) // one stands for all of them: the end evaluates rules only behind an event
+            object->QueueAddEvent(m_listTopLevel.First()->Id(), E_PROP_ID_TOP_LEVEL);
         Must(clone->EndTransaction(VARIANT_FALSE));
         *Clone = clone.Detach();
     });

@@ -39,22 +39,26 @@ void CprpPropertyCollection::AppendRecord(TextBuffer& out, CprpProperty& propert
     const unsigned flags = (property.Visible() ? kSavedVisible : 0U) |
                            (property.ReadOnly() && m_bSaveReadOnlyStates ? kSavedReadOnly : 0U) |
                            (m_bSaveEditFlags ? kSavedEditFlags : 0U);
-    AppendRecordHead(out, property.Id(), flags, property.EditFlags(), property.DataType());
-    const std::size_t begin = out.Size();
-    switch (form) {
-    case SavedForm::EnumValue: {
-        const auto value = static_cast<uint32_t>(property.LongValue());
-        out.EndAt(WriteHex(out.Room(kMaxFastNumber), value, HexCase::Lower));
-        break;
+    OLECHAR* const head = out.Room(kMostRecordHead + ValueText::kMostWritten);
+    OLECHAR* const at = WriteRecordHead(head, property.Id(), flags, property.EditFlags(), property.DataType());
+    if (form == SavedForm::EnumValue) {
+        out.EndAt(WriteHex(at, static_cast<uint32_t>(property.LongValue()), HexCase::Lower));
+        return;
     }
-    case SavedForm::Points: {
+    if (IsNumeric(rule.kind)) {
+        if (OLECHAR* const end = property.RenderValue(m_nPrecision).TryWrite(at)) {
+            out.EndAt(end);
+            return;
+        }
+    }
+    out.EndAt(at);
+    const std::size_t begin = out.Size();
+    if (form == SavedForm::Points) {
         Text points;
         property.AppendScanPath(points);
         out.Append(points);
-        break;
+    } else {
+        property.RenderValue(m_nPrecision).AppendTo(out);
     }
-    default: property.AppendValue(out, m_nPrecision); break;
-    }
-    if (!IsNumeric(rule.kind)) // no number holds what is escaped
-        EscapeValue(out, begin, form);
+    EscapeValue(out, begin, form);
 }

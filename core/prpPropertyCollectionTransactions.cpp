@@ -12,13 +12,13 @@ STDMETHODIMP CprpPropertyCollection::StartTransaction(LONG Timeout)
         if (!m_Mutex.Lock(static_cast<uint32_t>(Timeout)))
             ThrowFormatted(CallSite::current(),
                            OLESTR("Failed to start a transaction for the thread %x due to a lock by thread %X"),
-                           GetCurrentThreadId(), m_dwTransactionThread.load());
-        m_dwTransactionThread = GetCurrentThreadId();
+                           GetCurrentThreadId(), m_dwTransactionThread.load(std::memory_order_relaxed));
+        m_dwTransactionThread.store(GetCurrentThreadId(), std::memory_order_relaxed);
         // On purpose the lock is not given back here: the host's recovery is one more EndTransaction.
         if (InTransaction())
             ThrowFormatted(CallSite::current(),
                            OLESTR("A transaction is already in progress! Memory leaks may occur."));
-        m_bInTransaction = true;
+        m_bInTransaction.store(true, std::memory_order_relaxed); // the lock orders what a transaction touches
     });
 }
 
@@ -30,7 +30,7 @@ STDMETHODIMP CprpPropertyCollection::StartTransaction(LONG Timeout)
 STDMETHODIMP CprpPropertyCollection::EndTransaction(VARIANT_BOOL FireEvents)
 {
     return InFrame(kOrigin, OLESTR("CprpPropertyCollection::EndTransaction"), [&](const Checks&) {
-        m_dwTransactionThread = 0;
+        m_dwTransactionThread.store(0, std::memory_order_relaxed);
         const LONG items = m_Queue.ItemCount();
         if (!FireEvents)
             m_Queue.Clear();
@@ -42,7 +42,7 @@ STDMETHODIMP CprpPropertyCollection::EndTransaction(VARIANT_BOOL FireEvents)
             Publish(stream);
             CloseTransaction();
         } else {
-            m_bInTransaction = false;
+            m_bInTransaction.store(false, std::memory_order_relaxed);
             CloseTransaction();
         }
     });
@@ -50,7 +50,8 @@ STDMETHODIMP CprpPropertyCollection::EndTransaction(VARIANT_BOOL FireEvents)
 
 CComPtr<IqorStream> CprpPropertyCollection::TakeQueue()
 {
-    m_bInTransaction = false; // first, so that a sink may start a transaction of its own
+    m_bInTransaction.store(false,
+                           std::memory_order_relaxed); // first, so that a sink may start a transaction of its own
     CComPtr<IqorStream> stream = m_Queue.Take();
     StampEvent(E_PROP_ID_INVALID, E_PROP_EVENT_NONE);
     return stream;

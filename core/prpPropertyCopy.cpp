@@ -53,6 +53,5 @@ void CprpProperty::CopyEnums(const PropertyEnums& source)
         if (std::none_of(enums.items.begin(), enums.items.end(), holds))
             continue; // a text whose value no longer stands in the items is dropped
         enums.texts[value] = text;
-        QueueStateEdit(); // a text entered announces itself, here into the queue of the clone
     }
 }

@@ -38,7 +38,10 @@ const ValueText& CprpProperty::RenderValue(LONG precision)
     const DataTypeRule& rule = RuleOf(m_eDataType);
     const LONG decimals = rule.decimals == kCollectionPrecision ? precision : rule.decimals;
     switch (rule.kind) {
-    case ValueKind::Number: m_Value = ValueText::OfNumber(m_dbDouble, decimals); break;
+    case ValueKind::Number:
+        if (!m_Value.IsNumber(m_dbDouble, decimals)) // what stands there is not written again: that would cost memory
+            m_Value = ValueText::OfNumber(m_dbDouble, decimals);
+        break;
     case ValueKind::Signed: m_Value = ValueText::OfSigned(m_nLong); break;
     case ValueKind::Unsigned: m_Value = ValueText::OfUnsigned(static_cast<ULONG>(m_nLong)); break;
     case ValueKind::Position:
@@ -69,11 +72,6 @@ const ValueText& CprpProperty::RenderForEdit(CallSite at)
     if (!InTransaction())
         ThrowFormatted(at, kNoTransactionText);
     return RenderValue();
-}
-
-void CprpProperty::AppendValue(TextBuffer& out, LONG precision)
-{
-    RenderValue(precision).AppendTo(out);
 }
 
 /// The value as text, numbers with the collection's decimals.
