@@ -40,6 +40,11 @@ function(lv_add_test target)
     set_target_properties(${target} PROPERTIES EXCLUDE_FROM_ALL ON)
     return()
   endif()
+  # Parsing the headers of the test library costs more than most test files: a program of several reads them once.
+  list(LENGTH arg_SOURCES files)
+  if(files GREATER 3)
+    target_precompile_headers(${target} PRIVATE <gmock/gmock.h>)
+  endif()
 
   if(NOT arg_TIMEOUT)
     set(arg_TIMEOUT 600)
