@@ -3,6 +3,8 @@
 #include "tests/core/HostRule.h"
 #include "tests/core/ModelFixture.h"
 
+#include <memory>
+
 using testing::ElementsAre;
 
 namespace {
@@ -44,20 +46,22 @@ protected:
 /// Writes down when it goes, which is when the last property that it rules goes.
 class MortalRule final : public HostRule {
 public:
-    std::vector<int>* gone = nullptr;
+    std::shared_ptr<std::vector<int>> gone;
     int number = 0;
     ~MortalRule() override { gone->push_back(number); }
 };
 
 class DyingTrees : public Trees {
+    const std::shared_ptr<std::vector<int>> m_gone = std::make_shared<std::vector<int>>(); // rules may outlive the test
+
 protected:
-    std::vector<int> gone;
+    std::vector<int>& gone = *m_gone;
 
     /// Adds a property that is written down under its id when it goes.
     void AddMortal(LONG id, LONG parent = E_PROP_ID_TOP_LEVEL)
     {
         const auto rule = MakeHostRule<MortalRule>();
-        rule->gone = &gone;
+        rule->gone = m_gone;
         rule->number = id;
         const auto property = Add(id, E_PROP_DT_LINEAR, parent);
         InTransaction([&] { EXPECT_EQ(property->SetVisibilityInfo(rule), S_OK); });
