@@ -332,9 +332,11 @@ TEST_F(ViewerEdits, KeepTheKeysThatTheHostWouldTake)
     SetFocus(host.ListWindow());
     EXPECT_EQ(Offer(VK_DOWN), S_OK);
     EXPECT_EQ(host.Selected(), 2);
-    for (const UINT key : {VK_PRIOR, VK_NEXT, VK_END, VK_HOME, VK_LEFT, VK_UP, VK_RIGHT, VK_DOWN, VK_F5})
+    for (const UINT key :
+         std::initializer_list<UINT>{VK_PRIOR, VK_NEXT, VK_END, VK_HOME, VK_LEFT, VK_UP, VK_RIGHT, VK_DOWN, VK_F5})
         EXPECT_EQ(Offer(key), S_OK) << key;
-    for (const UINT key : {VK_RETURN, VK_TAB, VK_ESCAPE, VK_DELETE, VK_F4, VK_SPACE, VK_SELECT})
+    for (const UINT key :
+         std::initializer_list<UINT>{VK_RETURN, VK_TAB, VK_ESCAPE, VK_DELETE, VK_F4, VK_SPACE, VK_SELECT})
         EXPECT_EQ(Offer(key), S_FALSE) << key;
     EXPECT_EQ(Offer(VK_DOWN, WM_KEYUP), S_FALSE);
     EXPECT_EQ(Offer(VK_DOWN, WM_CHAR), S_FALSE);
